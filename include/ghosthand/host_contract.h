@@ -1,0 +1,146 @@
+// What a host program and Ghosthand say to each other: registered message names, request codes and
+// the byte layout of every record. A host includes this header alone; it never links the server.
+//
+// All records are little endian and travel through memory that the host's GUI thread can address.
+// Texts are ANSI (the system code page) and NUL-terminated. Every request is sent, on the host's GUI
+// thread, to the control that it concerns; a host answers 0 to a request that it does not know.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace ghosthand::host_contract {
+
+// The answer to an identification probe (the control's message with wParam 0 and lParam 0) of a grid,
+// a CAD tree or a ribbon customisation widget. Any other answer means another kind of window.
+inline constexpr std::intptr_t kProbeAnswer = 165;
+
+// Capacity in bytes, terminator included, of the text buffer that a text request points at.
+inline constexpr std::uint32_t kTextCapacity = 1024;
+
+// A text buffer of the host's address space. On entry `text` points at a buffer of `capacity` bytes
+// that holds the text to set, or an empty text. To answer, the host writes into that buffer, or
+// replaces `text` by a pointer to a text of its own, which must stay readable until the next message.
+struct TextBuffer {
+    std::uint64_t text;
+    std::uint32_t capacity;
+    std::uint32_t reserved; // not initialised by the sender
+};
+static_assert(sizeof(TextBuffer) == 16);
+static_assert(offsetof(TextBuffer, text) == 0 && offsetof(TextBuffer, capacity) == 8);
+
+// Registered by RegisterWindowMessageA under exactly these names.
+namespace message_name {
+// Posted to a window of the host, wParam 0, lParam 0; never answered. Ghosthand watches it leave the
+// queue: let it pass through the message loop like any other message.
+inline constexpr char kSync[] = "MSG_GH_SYNC";
+// Sent to a window of the host, wParam 0, lParam 0; the work is done by a hook, the host ignores it.
+inline constexpr char kSendRemotely[] = "MSG_GH_SEND_REMOTELY";
+// Sent to a window, wParam = (state byte << 8) | virtual key, lParam 0; handled by a hook.
+inline constexpr char kSetKeyState[] = "MSG_GH_SET_KEY_STATE";
+// Sent to the main window, wParam 0, lParam 0; handled by a hook.
+inline constexpr char kGetLocale[] = "MSG_GH_GET_LOCALE";
+// Sent to a top-level window: wParam = global atom of a window's name (the sender deletes it),
+// lParam 0. Answer: the HWND that the host gives that name, 0 if none.
+inline constexpr char kGetWindowByName[] = "MSG_HA_GetWindoHWND";
+// Sent to a CAD view. wParam 1: answer 1. wParam 0: answer a global atom that holds the camera text
+// (at most 255 bytes); the caller deletes it.
+inline constexpr char kGetViewPosition[] = "MSG_HA_GetViewPosition";
+// Sent to a CAD view: wParam = global atom of the camera text to adopt (the sender deletes it).
+inline constexpr char kSetViewPosition[] = "MSG_HA_SetViewPosition";
+// Sent to a grid: wParam = grid::Request.
+inline constexpr char kGrid[] = "MSG_GX_RequestGridInformation";
+// Sent to an option tree: wParam = option_tree::Request.
+inline constexpr char kOptionTree[] = "MSG_OT_RequestInformation";
+// Sent to a ribbon customisation widget: wParam = ribbon_widget::Request.
+inline constexpr char kRibbonWidget[] = "MSG_REQUEST_RIB_CUSTOMISATION_WIDGET_DATA";
+// Sent to a tool bar, wParam 0, lParam 0: leave the customisation mode.
+inline constexpr char kToolbarCustomizeMode[] = "BCGTOOLBAR_SET_CUSTOMIZE_MODE";
+// Sent to a CAD tree: wParam = cad_tree::Request.
+inline constexpr char kCadTree[] = "hlWM_REQUEST_CAD_TREE_INFORMATION";
+} // namespace message_name
+
+namespace grid {
+enum Request : std::uint32_t {
+    kProbe = 0,        // answer kProbeAnswer
+    kColumnCount = 1,  // answer the number of columns
+    kRowCount = 2,     // answer the number of rows
+    kGetCellText = 3,  // lParam: CellRequest; write the cell's text
+    kSetCellText = 4,  // lParam: CellRequest; set the cell's text, answer 1 on success
+    kCellReadOnly = 6, // lParam: CellRequest; write "1" when the cell is read-only or disabled
+};
+struct CellRequest {
+    std::int32_t row;    // 1-based
+    std::int32_t column; // 1-based
+    TextBuffer buffer;
+};
+static_assert(sizeof(CellRequest) == 24 && offsetof(CellRequest, buffer) == 8);
+} // namespace grid
+
+namespace option_tree {
+enum Request : std::uint32_t {
+    kLabel = 1,      // lParam: TextRequest; write the item's label
+    kRoot = 2,       // answer the root item's identifier; lParam is not relied on
+    kFirstChild = 3, // lParam: item identifier; answer an identifier, 0 if none
+    kNextSibling = 4,
+    kParent = 5,
+    kItemKind = 6, // lParam: item identifier; answer kCheckBoxKind for a check box
+    kReadOnly = 7, // lParam: item identifier; answer non-zero for a read-only item
+    kGetText = 8,  // lParam: TextRequest; write the item's text value ("1" or "0" for a check box)
+    kSetText = 9,  // lParam: TextRequest; set the item's text value
+};
+inline constexpr std::intptr_t kCheckBoxKind = 2;
+struct TextRequest {
+    std::uint64_t item; // opaque identifier that the host chose; 0 means no item
+    TextBuffer buffer;
+};
+static_assert(sizeof(TextRequest) == 24 && offsetof(TextRequest, buffer) == 8);
+} // namespace option_tree
+
+namespace cad_tree {
+// lParam: the tree item's HTREEITEM, except for kSetColor.
+enum Request : std::uint32_t {
+    kProbe = 0, // answer kProbeAnswer
+    kGetVisible = 1,
+    kShow = 2,
+    kHide = 3,
+    kGetChecked = 4,
+    kCheck = 5,
+    kUncheck = 6,
+    kGetColor = 7,
+    kSetColor = 8, // lParam: ColorRequest
+    kGetStarred = 10,
+    kStar = 11,
+    kUnstar = 12,
+};
+struct ColorRequest {
+    std::uint64_t item;     // HTREEITEM
+    std::int32_t color;     // the host's own colour value
+    std::uint32_t reserved; // not initialised by the sender
+};
+static_assert(sizeof(ColorRequest) == 16 && offsetof(ColorRequest, color) == 8);
+} // namespace cad_tree
+
+namespace ribbon_widget {
+// lParam: TextBuffer, except for kProbe.
+enum Request : std::uint32_t {
+    kProbe = 0,       // answer kProbeAnswer
+    kGetSelected = 1, // write the selected form's name
+    kSetSelected = 2, // select the form of that name, answer 1 on success
+};
+} // namespace ribbon_widget
+
+namespace group_combo {
+// Messages of the application range, sent to the combo box.
+enum Message : std::uint32_t {
+    // wParam = byte length of the query, lParam = the query: heading name, NUL, item name, NUL in the
+    // ANSI code page. Both names are matched whole and case-sensitively. Answer the item's index, -1
+    // when there is none.
+    kFindByNames = 0x8002,
+    // wParam = 0-based item index. Answer the index of the heading that the item belongs to (a heading
+    // answers its own), -1 when there is none.
+    kHeadingOfItem = 0x8003,
+};
+} // namespace group_combo
+
+} // namespace ghosthand::host_contract
