@@ -1,1 +1,38 @@
-# Makes the header, the identifiers and the type library from an interface definition file.
+# ghosthand_type_library(target idl): what comes from an interface definition file. The target is a
+# static library with the interface and class identifiers; its include folder has <name>_idl.h.
+# TYPE_LIBRARY_FILE, a property of the target, names the finished type library, which the custom
+# target <target>_tlb builds.
+if(MSVC)
+    find_program(MIDL_COMPILER midl REQUIRED)
+else()
+    find_program(WIDL_COMPILER widl REQUIRED)
+    # The platform's own interface definitions (oaidl.idl), as the cross compiler or Wine ships them.
+    find_path(WIDL_INCLUDE_DIR oaidl.idl
+        PATHS /usr/include/wine/wine/windows /usr/x86_64-w64-mingw32/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+    # Where importlib finds stdole2.tlb.
+    find_path(WIDL_LIBRARY_DIR stdole2.tlb
+        PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows $ENV{SystemRoot}/System32
+        NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+endif()
+
+function(ghosthand_type_library target idl)
+    get_filename_component(name ${idl} NAME_WE)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/generated)
+    file(MAKE_DIRECTORY ${folder})
+    set(header ${folder}/${name}_idl.h)
+    set(identifiers ${folder}/${name}_idl_i.c)
+    set(source ${CMAKE_CURRENT_SOURCE_DIR}/${idl})
+    if(MSVC)
+        add_custom_command(OUTPUT ${header} ${identifiers} DEPENDS ${source}
+            COMMAND ${MIDL_COMPILER} /nologo /env x64 /notlb /h ${header} /iid ${identifiers} /out ${folder} ${source}
+            COMMENT "Header and identifiers of ${idl}" VERBATIM)
+    else()
+        set(widl ${WIDL_COMPILER} -I ${WIDL_INCLUDE_DIR})
+        add_custom_command(OUTPUT ${header} ${identifiers} DEPENDS ${source}
+            COMMAND ${widl} -h -o ${header} ${source}
+            COMMAND ${widl} -u -o ${identifiers} ${source}
+            COMMENT "Header and identifiers of ${idl}" VERBATIM)
+    endif()
+    add_library(${target} STATIC ${identifiers} ${header})
+    target_include_directories(${target} PUBLIC ${folder})
+endfunction()
