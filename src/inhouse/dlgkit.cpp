@@ -1,0 +1,78 @@
+#include "inhouse/dlgkit.h"
+
+#include "ghosthand/host_contract.h"
+
+#include <cstring>
+#include <memory>
+
+namespace {
+
+struct ItemMessages {
+    UINT textLength;
+    UINT text;
+    std::uint32_t ownerDrawn; // any of these styles
+    std::uint32_t hasStrings;
+};
+constexpr ItemMessages kListBox{LB_GETTEXTLEN, LB_GETTEXT, LBS_OWNERDRAWFIXED | LBS_OWNERDRAWVARIABLE,
+                                LBS_HASSTRINGS};
+constexpr ItemMessages kComboBox{CB_GETLBTEXTLEN, CB_GETLBTEXT, CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE,
+                                 CBS_HASSTRINGS};
+
+// The text message does not know the size of its buffer, and the control's own program may replace a text
+// between the two messages: this is the room for what such a text may gain.
+constexpr std::size_t kRoomToGrow = 0x10000;
+
+// A control without strings would hand out its item data, and its length as that of a text.
+bool KeepsStrings(HWND control, const ItemMessages& messages) {
+    const auto style = static_cast<std::uint32_t>(GetWindowLongPtrA(control, GWL_STYLE));
+    return (style & messages.ownerDrawn) == 0 || (style & messages.hasStrings) != 0;
+}
+
+std::string ItemText(HWND control, int index, const ItemMessages& messages) {
+    if (index < 0 || !KeepsStrings(control, messages))
+        return {};
+    const auto item = static_cast<WPARAM>(index);
+    const int length = static_cast<int>(SendMessageA(control, messages.textLength, item, 0));
+    if (length <= 0)
+        return {};
+    const std::size_t capacity = static_cast<std::size_t>(length) + kRoomToGrow;
+    const auto buffer = std::make_unique<char[]>(capacity);
+    const LRESULT fetched =
+        SendMessageA(control, messages.text, item, reinterpret_cast<LPARAM>(buffer.get()));
+    if (static_cast<int>(fetched) < 0)
+        return {};
+    // The announced length may be too great where the control converts its texts to ANSI.
+    return {buffer.get(), strnlen(buffer.get(), capacity)};
+}
+
+} // namespace
+
+namespace dkListHelpers {
+
+std::string get_list_item(HWND listBox, int index, bool) {
+    return ItemText(listBox, index, kListBox);
+}
+
+std::string get_combo_item(HWND comboBox, int index, bool) {
+    return ItemText(comboBox, index, kComboBox);
+}
+
+} // namespace dkListHelpers
+
+namespace dkGroupComboHelpers {
+
+std::string pack_query(const dkGroupComboQuery& query) {
+    std::string packed = query.heading.c_str();
+    packed += '\0';
+    packed += query.item.c_str();
+    packed += '\0';
+    return packed;
+}
+
+bool check_combo_type(HWND comboBox) {
+    const LRESULT heading = SendMessageA(comboBox, ghosthand::host_contract::group_combo::kHeadingOfItem,
+                                         static_cast<WPARAM>(-1), 0);
+    return static_cast<std::int32_t>(heading) == -1;
+}
+
+} // namespace dkGroupComboHelpers
