@@ -35,4 +35,25 @@ function(ghosthand_type_library target idl)
     endif()
     add_library(${target} STATIC ${identifiers} ${header})
     target_include_directories(${target} PUBLIC ${folder})
+
+    set(library ${folder}/${name}.tlb)
+    if(MSVC)
+        # The library is a 32-bit one although the module is not, so it takes a run of its own.
+        set(library_folder ${folder}/type_library)
+        file(MAKE_DIRECTORY ${library_folder})
+        add_custom_command(OUTPUT ${library} DEPENDS ${source}
+            COMMAND ${MIDL_COMPILER} /nologo /env win32 /client none /server none /out ${library_folder}
+                /tlb ${library} ${source}
+            COMMENT "Type library of ${idl}" VERBATIM)
+    else()
+        set(unfinished ${folder}/${name}_unfinished.tlb)
+        set(run_widl ${PROJECT_SOURCE_DIR}/cmake/RunWidl.cmake)
+        add_custom_command(OUTPUT ${library} DEPENDS ${source} ${run_widl} type_library_finisher
+            COMMAND ${CMAKE_COMMAND} -DWIDL=${WIDL_COMPILER} -DINCLUDE=${WIDL_INCLUDE_DIR}
+                -DLIBRARIES=${WIDL_LIBRARY_DIR} -DIDL=${source} -DOUTPUT=${unfinished} -P ${run_widl}
+            COMMAND type_library_finisher ${unfinished} ${library}
+            COMMENT "Type library of ${idl}" VERBATIM)
+    endif()
+    add_custom_target(${target}_tlb DEPENDS ${library})
+    set_target_properties(${target} PROPERTIES TYPE_LIBRARY_FILE ${library})
 endfunction()

@@ -1,0 +1,188 @@
+// Finishes a type library file that widl wrote: finish_type_library <input> <output>
+//
+// widl cannot store the default value of a 64-bit parameter: it leaves -1 where the offset of the value
+// belongs, and readers then refuse the whole function. This tool adds one stored value, the 64-bit zero,
+// and points every such parameter at it; zero is the only 64-bit default that Ghosthand.idl uses. A file
+// without unfinished values keeps its contents, so that running the tool twice does no harm.
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr std::uint32_t kMagic = 0x5446534D; // "MSFT"
+constexpr std::size_t kHeaderSize = 0x54;
+constexpr std::size_t kHeaderFlags = 0x14;
+constexpr std::uint32_t kHeaderHasHelpLibrary = 0x100; // the header is one field longer
+constexpr std::size_t kHeaderTypeCount = 0x20;
+
+constexpr std::size_t kSegmentCount = 15;
+constexpr std::size_t kSegmentEntrySize = 16; // offset, length, -1, 0xF
+constexpr std::size_t kTypeInfoSegment = 0;
+constexpr std::size_t kValueSegment = 11;
+constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+constexpr std::size_t kTypeInfoSize = 100;
+constexpr std::size_t kTypeInfoMembers = 0x04;   // file offset of the member block
+constexpr std::size_t kTypeInfoSizeHint = 0x08;  // two hints, wrong for large interfaces
+constexpr std::size_t kTypeInfoFunctions = 0x18; // 16-bit count
+
+constexpr std::size_t kFunctionFlags = 0x10;
+constexpr std::uint32_t kFunctionHasDefaults = 0x1000;
+constexpr std::size_t kFunctionParameters = 0x14; // 16-bit count
+constexpr std::size_t kFunctionFixedSize = 0x18;
+constexpr std::size_t kParameterSize = 12; // type, name, flags
+constexpr std::uint32_t kParameterHasDefault = 0x20;
+constexpr std::uint32_t kHyper = 0x80140014;
+
+// Type tag, value, padding to a multiple of four.
+constexpr std::uint8_t kHyperZero[] = {0x14, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x57, 0x57};
+
+class Library {
+public:
+    explicit Library(std::vector<std::uint8_t> bytes) : m_bytes(std::move(bytes)) {
+        if (Read32(0) != kMagic)
+            throw std::runtime_error("this is not a type library");
+        const std::size_t typeTable =
+            kHeaderSize + (Read32(kHeaderFlags) & kHeaderHasHelpLibrary ? sizeof(std::uint32_t) : 0);
+        m_typeCount = Read32(kHeaderTypeCount);
+        m_directory = typeTable + m_typeCount * sizeof(std::uint32_t);
+        for (std::size_t segment = 0; segment < kSegmentCount; ++segment)
+            if (Offset(segment) != kNone)
+                Check(Offset(segment), Length(segment));
+        if (Length(kTypeInfoSegment) != m_typeCount * kTypeInfoSize)
+            throw std::runtime_error("the segment of type descriptions has an unexpected size");
+    }
+
+    void Finish() {
+        std::vector<std::size_t> unfinished;
+        for (std::size_t type = 0; type < m_typeCount; ++type) {
+            CollectUnfinished(TypeInfo(type), unfinished);
+            Write32(TypeInfo(type) + kTypeInfoSizeHint, 0);
+            Write32(TypeInfo(type) + kTypeInfoSizeHint + sizeof(std::uint32_t), 0);
+        }
+        if (unfinished.empty())
+            return;
+        if (Offset(kValueSegment) == kNone)
+            throw std::runtime_error("there is no segment for stored values");
+        for (const std::size_t position : unfinished)
+            Write32(position, Length(kValueSegment));
+        AppendHyperZero();
+    }
+
+    const std::vector<std::uint8_t>& Bytes() const { return m_bytes; }
+
+private:
+    std::size_t TypeInfo(std::size_t type) const { return Offset(kTypeInfoSegment) + type * kTypeInfoSize; }
+    std::size_t Entry(std::size_t segment) const { return m_directory + segment * kSegmentEntrySize; }
+    std::uint32_t Offset(std::size_t segment) const { return Read32(Entry(segment)); }
+    std::uint32_t Length(std::size_t segment) const { return Read32(Entry(segment) + sizeof(std::uint32_t)); }
+
+    // Appends the positions of the default values that widl left open in one type's functions.
+    void CollectUnfinished(std::size_t typeInfo, std::vector<std::size_t>& unfinished) const {
+        const std::size_t functionCount = Read16(typeInfo + kTypeInfoFunctions);
+        if (functionCount == 0)
+            return;
+        const std::size_t members = Read32(typeInfo + kTypeInfoMembers);
+        std::size_t record = members + sizeof(std::uint32_t);
+        const std::size_t end = record + Read32(members);
+        for (std::size_t function = 0; function < functionCount; ++function) {
+            const std::size_t size = Read16(record);
+            const std::size_t parameterCount = Read16(record + kFunctionParameters);
+            const bool hasDefaults = (Read32(record + kFunctionFlags) & kFunctionHasDefaults) != 0;
+            const std::size_t tail =
+                parameterCount * (kParameterSize + (hasDefaults ? sizeof(std::uint32_t) : 0));
+            if (size < kFunctionFixedSize + tail || record + size > end)
+                throw std::runtime_error("a function record has an unexpected size");
+            for (std::size_t index = 0; hasDefaults && index < parameterCount; ++index) {
+                const std::size_t parameter = record + size - (parameterCount - index) * kParameterSize;
+                const std::size_t value = record + size - tail + index * sizeof(std::uint32_t);
+                if (!(Read32(parameter + 8) & kParameterHasDefault) || Read32(value) != kNone)
+                    continue;
+                if (Read32(parameter) != kHyper)
+                    throw std::runtime_error("a default value is missing of a parameter that is no hyper");
+                unfinished.push_back(value);
+            }
+            record += size;
+        }
+    }
+
+    // Everything behind the segment of stored values moves back.
+    void AppendHyperZero() {
+        const std::uint32_t end = Offset(kValueSegment) + Length(kValueSegment);
+        const auto moved = [end](std::uint32_t offset) {
+            return offset != kNone && offset >= end ? offset + std::uint32_t{sizeof kHyperZero} : offset;
+        };
+        for (std::size_t type = 0; type < m_typeCount; ++type) {
+            const std::size_t members = TypeInfo(type) + kTypeInfoMembers;
+            Write32(members, moved(Read32(members)));
+        }
+        for (std::size_t segment = 0; segment < kSegmentCount; ++segment)
+            if (segment != kValueSegment)
+                Write32(Entry(segment), moved(Offset(segment)));
+        Write32(Entry(kValueSegment) + sizeof(std::uint32_t),
+                Length(kValueSegment) + std::uint32_t{sizeof kHyperZero});
+        m_bytes.insert(m_bytes.begin() + end, std::begin(kHyperZero), std::end(kHyperZero));
+    }
+
+    void Check(std::size_t position, std::size_t size) const {
+        if (position > m_bytes.size() || size > m_bytes.size() - position)
+            throw std::runtime_error("the file is shorter than its own tables say");
+    }
+    std::uint16_t Read16(std::size_t position) const {
+        Check(position, 2);
+        return static_cast<std::uint16_t>(m_bytes[position] | m_bytes[position + 1] << 8);
+    }
+    std::uint32_t Read32(std::size_t position) const {
+        return Read16(position) | static_cast<std::uint32_t>(Read16(position + 2)) << 16;
+    }
+    void Write32(std::size_t position, std::uint32_t value) {
+        Check(position, 4);
+        for (int byte = 0; byte < 4; ++byte)
+            m_bytes[position + byte] = static_cast<std::uint8_t>(value >> (8 * byte));
+    }
+
+    std::vector<std::uint8_t> m_bytes;
+    std::size_t m_typeCount = 0;
+    std::size_t m_directory = 0;
+};
+
+std::vector<std::uint8_t> ReadFile(const char* path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        throw std::runtime_error("the file cannot be opened");
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void WriteFile(const char* path, const std::vector<std::uint8_t>& bytes) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file)
+        throw std::runtime_error("the finished library cannot be written to " + std::string(path));
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    if (argumentCount != 3) {
+        std::fputs("usage: finish_type_library <input> <output>\n", stderr);
+        return EXIT_FAILURE;
+    }
+    try {
+        Library library(ReadFile(arguments[1]));
+        library.Finish();
+        WriteFile(arguments[2], library.Bytes());
+        return EXIT_SUCCESS;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "finish_type_library: %s: %s\n", arguments[1], error.what());
+        return EXIT_FAILURE;
+    }
+}
