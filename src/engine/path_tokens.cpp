@@ -1,0 +1,36 @@
+#include "engine/path_tokens.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
+
+namespace engine {
+
+std::optional<std::vector<std::string>> PathTokens(std::string_view path, std::string_view separators) {
+    if (path.size() > kLongestPath)
+        return {};
+    std::vector<std::string> tokens;
+    std::size_t begin = path.find_first_not_of(separators);
+    while (begin != std::string_view::npos) {
+        const std::size_t end = path.find_first_of(separators, begin);
+        tokens.emplace_back(path.substr(begin, end - begin));
+        begin = path.find_first_not_of(separators, end);
+    }
+    return tokens;
+}
+
+int PathNumber(std::string_view token) noexcept {
+    token.remove_prefix(std::min(token.find_first_not_of(" \t\n\v\f\r"), token.size()));
+    const bool negative = token.starts_with('-');
+    // The conversion knows no plus sign, and would take a minus sign behind one.
+    if (token.starts_with('+'))
+        token.remove_prefix(token.substr(1).starts_with('-') ? token.size() : 1);
+    int number = 0;
+    const auto result = std::from_chars(token.data(), token.data() + token.size(), number);
+    if (result.ec == std::errc::result_out_of_range)
+        return negative ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+    return number;
+}
+
+} // namespace engine

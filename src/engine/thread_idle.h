@@ -1,0 +1,15 @@
+// Whether a thread, of whatever process, is waiting for its user.
+#pragma once
+
+#include "engine/performance_data.h"
+
+#include <windows.h>
+
+namespace engine {
+
+// Asks the system's performance data, which takes milliseconds. CannotTell for thread id 0, for a thread that
+// is gone, for the calling thread itself, which can never be seen waiting, and when the query fails; a failed
+// query is reported on standard output.
+ThreadIdleState QueryThreadIdle(DWORD threadId);
+
+} // namespace engine
