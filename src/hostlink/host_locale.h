@@ -1,0 +1,13 @@
+// The locale of the host's GUI thread.
+#pragma once
+
+#include "hostlink/host_window.h"
+
+namespace hostlink {
+
+// Gives the calling thread the locale of the thread of the host's main window, so that text that depends
+// on a locale is handled alike on both sides. Takes at least 10 ms, in which messages are pumped. The
+// hook stays in place until the next call.
+void AdoptHostLocale(const HostWindow& mainWindow) noexcept;
+
+} // namespace hostlink

@@ -1,0 +1,64 @@
+#include "hostlink/host_text.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include <windows.h>
+
+namespace hostlink {
+
+namespace {
+
+constexpr std::uint64_t kPageSize = 4096;
+
+// Unlike a plain read, a failing ReadProcessMemory harms nobody.
+bool TryRead(std::uint64_t address, char* buffer, std::size_t size) noexcept {
+    SIZE_T read = 0;
+    return ReadProcessMemory(GetCurrentProcess(),
+                             reinterpret_cast<const void*>(static_cast<std::uintptr_t>(address)), buffer,
+                             size, &read) != FALSE &&
+           read == size;
+}
+
+} // namespace
+
+void CopyHostText(std::uint64_t address, std::span<char> buffer) noexcept {
+    std::size_t length = 0;
+    while (length < buffer.size()) {
+        // Page by page: the text may end just before memory that cannot be read.
+        const auto toPageEnd = static_cast<std::size_t>(kPageSize - (address + length) % kPageSize);
+        const std::size_t chunk = std::min(buffer.size() - length, toPageEnd);
+        if (!TryRead(address + length, buffer.data() + length, chunk)) {
+            buffer[0] = '\0'; // no terminator before unreadable memory: not a text
+            return;
+        }
+        if (std::memchr(buffer.data() + length, '\0', chunk) != nullptr) {
+            return;
+        }
+        length += chunk;
+    }
+    buffer[CutLength({buffer.data(), buffer.size()}, buffer.size() - 1)] = '\0';
+}
+
+std::size_t CutLength(std::string_view text, std::size_t limit) noexcept {
+    if (text.size() <= limit) {
+        return text.size();
+    }
+    if (GetACP() == CP_UTF8) {
+        while (limit > 0 && (static_cast<unsigned char>(text[limit]) & 0xC0) == 0x80) {
+            --limit;
+        }
+        return limit;
+    }
+    std::size_t length = 0;
+    while (length < limit) {
+        const std::size_t step = IsDBCSLeadByte(static_cast<BYTE>(text[length])) ? 2 : 1;
+        if (length + step > limit) {
+            break;
+        }
+        length += step;
+    }
+    return length;
+}
+
+} // namespace hostlink
