@@ -13,6 +13,7 @@ export WINEDEBUG=${WINEDEBUG:--all}
 # the user's home.
 export WINEDLLOVERRIDES='mscoree,mshtml,winedbg.exe,winemenubuilder.exe='
 
+session_prefix_open=
 session_display_pid=
 session_disposable_prefix=
 
@@ -32,12 +33,14 @@ session_start() {
         export WINEPREFIX=$session_disposable_prefix
     fi
     [[ -e $WINEPREFIX/system.reg ]] || session_copy_template "$WINEPREFIX"
+    session_prefix_open=yes
+    # Tells tools/wine/run that there is a session to use.
     export GHOSTHAND_SESSION=$$
 }
 
 session_end() {
     trap - EXIT
-    if [[ -n ${GHOSTHAND_SESSION:-} ]]; then
+    if [[ -n $session_prefix_open ]]; then
         # Ends what runs in this prefix and nothing else.
         timeout 30 wineserver -k || true
         timeout 30 wineserver -w || true

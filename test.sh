@@ -1,0 +1,55 @@
+#!/bin/bash
+# Installs what is missing, builds everything and runs the tests.
+#   ./test.sh              all tests
+#   ./test.sh pure host    the tests with these labels (pure, window, host, com)
+#   ./test.sh tree         the tests whose name matches this regular expression
+#   ./test.sh -V -R tree   options are passed on to ctest
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+# shellcheck source=tools/wine/session.sh
+source tools/wine/session.sh
+# shellcheck source=tools/wine/build.sh
+source tools/wine/build.sh
+
+# select_tests ARGUMENT...: leaves in $selection what ctest understands.
+select_tests() {
+    selection=()
+    local words=() labels=yes word
+    for word in "$@"; do
+        if [[ $word == -* ]]; then
+            selection=("$@")
+            return
+        fi
+        words+=("$word")
+        [[ $word =~ ^(pure|window|host|com)$ ]] || labels=no
+    done
+    ((${#words[@]})) || return 0
+    local pattern
+    pattern=$(IFS='|'; printf '%s' "${words[*]}")
+    if [[ $labels == yes ]]; then
+        selection=(-L "^($pattern)\$")
+    else
+        selection=(-R "$pattern")
+    fi
+}
+
+# run_tests PRESET [OPTION...]
+run_tests() {
+    ctest --test-dir "build/$1" --output-on-failure --parallel "$(nproc)" "${selection[@]}" "${@:2}"
+}
+
+select_tests "$@"
+tools/wine/setup.sh
+build native
+build cross
+
+say "Tests, the native part under the sanitizers"
+native=passed
+run_tests native --no-tests=ignore || native=failed
+
+say "Starting a desktop and a fresh Wine prefix"
+# shellcheck disable=SC2119
+session_start
+say "Tests of the Windows build under Wine"
+run_tests cross --no-tests=error || fail "Tests failed." "Their output is above; build/cross/Testing/Temporary/LastTest.log has it all."
+[[ $native == passed ]] || fail "Native tests failed; their output is further up."

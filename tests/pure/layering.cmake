@@ -1,0 +1,42 @@
+# cmake -DSOURCE_FOLDER=src -P layering.cmake: fails when a file of one layer includes one of a layer
+# above it, or when the code asks whether it runs under Wine.
+cmake_minimum_required(VERSION 3.24)
+
+# From the top to the bottom.
+set(layers server automation controls controlbars input engine hostlink inhouse)
+
+set(violations "")
+set(include_count 0)
+foreach(layer IN LISTS layers)
+    list(FIND layers ${layer} height)
+    file(GLOB_RECURSE files ${SOURCE_FOLDER}/${layer}/*)
+    foreach(path IN LISTS files)
+        file(RELATIVE_PATH file ${SOURCE_FOLDER} ${path})
+        file(STRINGS ${path} includes REGEX "^[ \t]*#[ \t]*include[ \t]*\"")
+        foreach(line IN LISTS includes)
+            string(REGEX REPLACE "^[^\"]*\"([^/\"]*).*" "\\1" target "${line}")
+            list(FIND layers "${target}" targetHeight)
+            if(targetHeight EQUAL -1)
+                # Another include root: the public headers or what the build generates.
+                continue()
+            endif()
+            math(EXPR include_count "${include_count} + 1")
+            if(targetHeight LESS height)
+                list(APPEND violations "${file}: ${line} points up")
+            endif()
+        endforeach()
+        file(STRINGS ${path} conditions REGEX "^[ \t]*#[ \t]*(el)?if.*WINE")
+        foreach(line IN LISTS conditions)
+            list(APPEND violations "${file}: ${line} asks for Wine")
+        endforeach()
+    endforeach()
+endforeach()
+
+if(include_count EQUAL 0)
+    message(FATAL_ERROR "No include line found below ${SOURCE_FOLDER}")
+endif()
+if(violations)
+    list(JOIN violations "\n  " text)
+    message(FATAL_ERROR "Violations of the layering:\n  ${text}")
+endif()
+message(STATUS "${include_count} includes, all pointing down")
