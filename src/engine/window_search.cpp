@@ -1,0 +1,180 @@
+#include "engine/window_search.h"
+
+#include <cstring>
+#include <string>
+
+#include "engine/diagnostics.h"
+#include "engine/program_name.h"
+#include "hostlink/host_text.h"
+#include "hostlink/window_kind.h"
+
+namespace engine {
+
+namespace {
+
+// One run of a search over the enumerated windows.
+class SearchRun {
+public:
+    explicit SearchRun(WindowCriteria& criteria)
+        : m_criteria(criteria), m_describes(diagnostics::Listening()) {}
+
+    void Enumerate() {
+        if ((m_criteria.style & WS_CHILD) == 0 && m_criteria.parent == nullptr) {
+            EnumWindows(Callback, reinterpret_cast<LPARAM>(this));
+            return;
+        }
+        EnumChildWindows(m_criteria.parent, Callback, reinterpret_cast<LPARAM>(this));
+        if (m_criteria.result == nullptr) {
+            EnumWindows(Callback, reinterpret_cast<LPARAM>(this));
+        }
+    }
+
+private:
+    // An exception must not cross the system's enumeration; a window that cannot be tested does not match.
+    static BOOL CALLBACK Callback(HWND window, LPARAM run) noexcept {
+        try {
+            reinterpret_cast<SearchRun*>(run)->Visit(window);
+        } catch (const std::exception&) {
+            return TRUE;
+        }
+        return TRUE;
+    }
+
+    bool Has(SearchFlag flag) const noexcept { return (m_criteria.flags & flag) != 0; }
+
+    void Visit(HWND window) {
+        if (m_describes) {
+            Describe(window);
+        }
+        // With a match at hand and no count to keep, nothing can change any more.
+        const bool decided = m_criteria.result != nullptr && Occurrence() == 0;
+        if (!decided && Matches(window) && IsWantedOccurrence()) {
+            m_criteria.result = window;
+        }
+    }
+
+    // Every test costs a call to the system or to the other program: the cheap ones come first, and what
+    // is ignored is not asked.
+    bool Matches(HWND window) {
+        return HasWantedParent(m_criteria, window) && HasWantedVisibility(m_criteria, window) &&
+               (!Has(kEnabledOnly) || IsWindowEnabled(window)) && HasWantedModule(window) &&
+               HasWantedCaption(window) && HasWantedClass(window) && HasWantedStyle(window) &&
+               HasWantedId(window) && (m_criteria.customTest == nullptr || m_criteria.customTest(window));
+    }
+
+    bool HasWantedModule(HWND window) {
+        if (m_criteria.parent != nullptr || m_criteria.moduleName[0] == '\0') {
+            return true;
+        }
+        const std::string& name = m_programs.NameOf(window);
+        return _strnicmp(m_criteria.moduleName, name.c_str(), std::strlen(m_criteria.moduleName)) == 0;
+    }
+
+    bool HasWantedCaption(HWND window) const noexcept {
+        if (Has(kIgnoreCaption)) {
+            return true;
+        }
+        char text[kSearchTextSize] = "";
+        GetWindowTextA(window, text, kSearchTextSize);
+        return HasWantedText(text, m_criteria.caption, Has(kCaptionContains));
+    }
+
+    bool HasWantedClass(HWND window) const noexcept {
+        if (Has(kIgnoreClass)) {
+            return true;
+        }
+        char text[kSearchTextSize] = "";
+        GetClassNameA(window, text, kSearchTextSize);
+        return HasWantedText(text, m_criteria.className, Has(kClassContains));
+    }
+
+    static bool HasWantedText(const char* text, const char* wanted, bool contains) noexcept {
+        return contains ? std::strstr(text, wanted) != nullptr : std::strcmp(text, wanted) == 0;
+    }
+
+    bool HasWantedStyle(HWND window) const noexcept {
+        return Has(kIgnoreStyle) || (hostlink::WindowStyle(window) & kComparedStyles) == m_criteria.style;
+    }
+
+    bool HasWantedId(HWND window) const noexcept {
+        return Has(kIgnoreId) || GetWindowLongPtrA(window, GWLP_ID) == m_criteria.controlId;
+    }
+
+    std::uint32_t Occurrence() const noexcept { return m_criteria.flags >> 16; }
+
+    bool IsWantedOccurrence() noexcept {
+        if (Occurrence() == 0) {
+            return m_criteria.result == nullptr;
+        }
+        ++m_criteria.matchCount;
+        return m_criteria.matchCount == Occurrence();
+    }
+
+    // For the diagnostic sink only; nothing here takes part in the search.
+    void Describe(HWND window) {
+        char caption[kSearchTextSize] = "";
+        char className[kSearchTextSize] = "";
+        GetWindowTextA(window, caption, kSearchTextSize);
+        GetClassNameA(window, className, kSearchTextSize);
+        const int style = static_cast<int>(hostlink::WindowStyle(window) & kComparedStyles);
+        std::string text = diagnostics::Format("  Flags: %d\n", static_cast<int>(m_criteria.flags));
+        text +=
+            "  Process: " + (m_criteria.parent == nullptr ? m_programs.NameOf(window) : std::string()) + "\n";
+        text += std::string("  Caption: ") + caption + "\n";
+        text += std::string("  Class: ") + className + "\n";
+        text += diagnostics::Format("  Style: %d\n", style);
+        text += diagnostics::Format("  ID: %d\n", static_cast<int>(GetWindowLongPtrA(window, GWLP_ID)));
+        if (m_criteria.customTest != nullptr) {
+            text += "  Custom function";
+        }
+        diagnostics::Report(text);
+    }
+
+    WindowCriteria& m_criteria;
+    bool m_describes;
+    ProgramNames m_programs;
+};
+
+} // namespace
+
+void SetSearchText(char (&field)[kSearchTextSize], std::string_view text) noexcept {
+    const std::size_t length = hostlink::CutLength(text, kSearchTextSize - 1);
+    std::memcpy(field, text.data(), length);
+    field[length] = '\0';
+}
+
+void WantCaption(WindowCriteria& criteria, std::string_view caption) noexcept {
+    SetSearchText(criteria.caption, caption);
+    criteria.flags |= caption.empty() ? kIgnoreCaption : kCaptionContains;
+}
+
+void WantClass(WindowCriteria& criteria, std::string_view className) noexcept {
+    SetSearchText(criteria.className, className);
+    criteria.flags |= className.empty() ? kIgnoreClass : kClassContains;
+}
+
+void WantId(WindowCriteria& criteria, std::int64_t id) noexcept {
+    criteria.controlId = id;
+    if (id < 1) {
+        criteria.flags |= kIgnoreId;
+    }
+}
+
+bool HasWantedParent(const WindowCriteria& criteria, HWND window) noexcept {
+    if (criteria.parent == nullptr) {
+        return (criteria.flags & kTopLevelWithParent) != 0 || GetParent(window) == nullptr;
+    }
+    return (criteria.flags & kAnyDescendant) != 0 ? IsChild(criteria.parent, window) != FALSE
+                                                  : GetParent(window) == criteria.parent;
+}
+
+bool HasWantedVisibility(const WindowCriteria& criteria, HWND window) noexcept {
+    return (criteria.flags & kIncludeHidden) != 0 || IsWindowVisible(window);
+}
+
+bool Search(WindowCriteria& criteria) {
+    SearchRun(criteria).Enumerate();
+    return criteria.result != nullptr;
+}
+
+} // namespace engine
