@@ -1,0 +1,45 @@
+#!/bin/bash
+# Shows Ghosthand at work: installs what is missing, builds the server, registers it in a Wine prefix of
+# its own and lets two scripts drive two programs, Wine's Notepad and the sample host.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+# shellcheck source=tools/wine/session.sh
+source tools/wine/session.sh
+# shellcheck source=tools/wine/build.sh
+source tools/wine/build.sh
+
+demo=$PWD/build/demo
+
+# drive NAME PROGRAM: starts the program, runs samples/scripts/NAME.vbs on it, takes its picture.
+drive() {
+    local name=$1 program=$2 program_pid
+    say "Starting $program, driven by samples/scripts/$name.vbs"
+    timeout 300 wine "$program" </dev/null >"$demo/$name.log" 2>&1 &
+    program_pid=$!
+    # Wine's cscript also answers 0 for a script that it could not read: the last line tells the truth.
+    session_run 180 cscript.exe //nologo "$(windows_path "samples/scripts/$name.vbs")" | tee "$demo/$name.txt" ||
+        true
+    grep -qx Done "$demo/$name.txt" ||
+        fail "The script samples/scripts/$name.vbs failed." "Its last line says where. What $program wrote: $demo/$name.log"
+    session_screenshot "$demo/$name.png" || fail "No screenshot could be taken of the desktop $DISPLAY."
+    kill "$program_pid" 2>/dev/null || true
+    wait "$program_pid" 2>/dev/null || true
+}
+
+tools/wine/setup.sh
+build cross ghosthand sample_host
+
+mkdir -p "$demo"
+rm -f "$demo"/*.png
+say "Starting a desktop and Wine"
+session_start "$demo/prefix"
+module=build/cross/src/server/ghosthand.dll
+say "Registering $module"
+session_run 60 regsvr32.exe /s "$(windows_path "$module")" ||
+    fail "regsvr32 refused the server." "Start over with a new prefix: rm -r build/demo && ./demo.sh"
+
+drive notepad notepad.exe
+drive sample_host "$(windows_path build/cross/samples/host/sample_host.exe)"
+
+printf '\nThe desktop after each script, with the text that it typed:\n%s\n%s\n' \
+    "$demo/sample_host.png" "$demo/notepad.png"
