@@ -1,0 +1,46 @@
+#include "command_line.h"
+
+#include "host_ids.h"
+
+#include <cstdlib>
+
+namespace sample_host {
+
+std::optional<Options> ParseCommandLine(int count, char** arguments, std::string& error) {
+    Options options;
+    options.frameClass = ids::kFrameClass;
+    for (int index = 1; index < count; ++index) {
+        const std::string option = arguments[index];
+        if (option == "--maximized") {
+            options.maximized = true;
+            continue;
+        }
+        if (index + 1 == count) {
+            error = option + ": unknown, or its value is missing";
+            return std::nullopt;
+        }
+        const std::string value = arguments[++index];
+        if (option == "--page") {
+            options.pages.push_back(value);
+        } else if (option == "--log") {
+            options.logFile = value;
+        } else if (option == "--frame-class") {
+            options.frameClass = value;
+        } else if (option == "--many-children") {
+            options.manyChildren = std::atoi(value.c_str());
+        } else if (option == "--misbehave") {
+            const auto order = ParseMisbehaviour(value);
+            if (!order) {
+                error = "--misbehave " + value + ": no such misbehaviour";
+                return std::nullopt;
+            }
+            options.misbehaviours.push_back(*order);
+        } else {
+            error = option + ": unknown option";
+            return std::nullopt;
+        }
+    }
+    return options;
+}
+
+} // namespace sample_host

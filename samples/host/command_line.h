@@ -1,0 +1,34 @@
+// What the sample host can be told when it is started.
+#pragma once
+
+#include "misbehaviour.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sample_host {
+
+inline constexpr char kUsage[] =
+    "sample_host [options]\n"
+    "  --page NAME          opens a page at the start; may be given several times\n"
+    "  --log FILE           writes the messages that its windows get to FILE, line by line\n"
+    "  --misbehave NAME[=NUMBER][@CONTROL ID]\n"
+    "                       misbehaves, at once or when the control exists (host_misbehaviour.h)\n"
+    "  --many-children N    opens a window with N descendants\n"
+    "  --frame-class NAME   the class name of the main window\n"
+    "  --maximized          maximises the main window\n";
+
+struct Options {
+    std::vector<std::string> pages;
+    std::string logFile;
+    std::vector<MisbehaviourOrder> misbehaviours;
+    int manyChildren = 0;
+    std::string frameClass;
+    bool maximized = false;
+};
+
+// No value, and a line for the user in `error`, when the arguments make no sense.
+std::optional<Options> ParseCommandLine(int count, char** arguments, std::string& error);
+
+} // namespace sample_host

@@ -1,0 +1,21 @@
+// The main window: an MDI frame with menu bar and status bar.
+#pragma once
+
+#include <string>
+#include <windows.h>
+
+namespace sample_host {
+
+// Null when the window cannot be made.
+HWND CreateFrame(const std::string& className);
+
+HWND Frame();
+HWND MdiClient();
+
+// The window that owns a dialog which a command opens: the topmost modal dialog that is open, otherwise
+// the frame.
+HWND DialogOwner();
+
+void SetStatus(const std::string& text);
+
+} // namespace sample_host

@@ -1,0 +1,93 @@
+// Class names, captions, command and control identifiers of the sample host, for the programs and
+// scripts that drive it. A script writes the numbers: the comment beside each group has them.
+#pragma once
+
+namespace sample_host::ids {
+
+inline constexpr char kFrameClass[] = "SampleHostFrame"; // replaced by --frame-class
+inline constexpr char kFrameCaption[] = "Ghosthand Sample Host";
+inline constexpr char kDocumentClass[] = "SampleHostDocument";
+inline constexpr char kPageClass[] = "SampleHostPage";   // an MDI child that holds the controls of a page
+inline constexpr char kPanelClass[] = "SampleHostPanel"; // a child window with or without caption
+inline constexpr char kTreeClass[] = "SampleHostTree";   // the window of --many-children
+
+// Commands: wParam of WM_COMMAND to the frame.
+enum Command : unsigned {
+    // &File
+    kFileNew = 101,     // "&New\tCtrl+N": opens one more document
+    kFileOpen = 102,    // "&Open...\tCtrl+O"
+    kFileSave = 103,    // "&Save\tCtrl+S"
+    kFileSaveAs = 104,  // "Save &As..."
+    kFileClose = 105,   // "&Close": closes the active document
+    kFilePrint = 106,   // "&Print...\tCtrl+P", disabled
+    kFileRecent1 = 107, // "Recent &Files" > "&1 Bracket.part"
+    kFileRecent2 = 108, // "Recent &Files" > "&2 Housing.part"
+    kFileExit = 109,    // "E&xit"
+    // &Edit
+    kEditUndo = 201, // "&Undo\tCtrl+Z", disabled
+    kEditCut = 202,
+    kEditCopy = 203,
+    kEditPaste = 204,
+    kEditSelectAll = 205,
+    // &View: each of the first four toggles its check mark
+    kViewToolbar = 301,   // "&Toolbar", checked; shows and hides the tool bar
+    kViewStatusBar = 302, // "&Status Bar", checked; shows and hides the status bar
+    kViewGrid = 303,      // "&Grid\tF7", not checked
+    kViewSnap = 304,      // "S&nap", checked and disabled
+    // "&Zoom", a submenu: one of the three has the radio mark
+    kZoomHalf = 311,   // "&50 %"
+    kZoomFull = 312,   // "&100 %", marked at first
+    kZoomDouble = 313, // "&200 %"
+    // "&Zoom" > "&Fit", a submenu of the submenu
+    kZoomFitWidth = 314,
+    kZoomFitPage = 315,
+    // &Pages: one command for every line of page_table.cpp
+    kPageDocument = 600,
+    kPageSettings = 601, // modal dialog "Settings"
+    kPageFind = 602,     // modeless dialog "Find" with a modal frame
+    kPagePalette = 603,  // popup "Palette" without a modal frame
+    kPageTwins = 604,    // modeless dialog "Twins"
+    kPageLate = 605,     // modal dialog "Late"
+    kPageAbout = 606,    // modal dialog "About Ghosthand Sample Host", also in &Help
+    kPagePanels = 607,   // MDI page "Panels": child windows with captions
+    // &Window
+    kWindowCascade = 401,
+    kWindowTileHorizontally = 402,
+    kWindowTileVertically = 403,
+    kWindowArrange = 404,
+    // The list of MDI children at the end of &Window counts from here.
+    kWindowFirstChild = 0xFF00,
+};
+
+// Controls. A number means the same kind of control in every dialog and page that has it.
+enum Control : unsigned {
+    kEdit = 1001,       // single-line edit control; the edit control of a document has it too
+    kSecondEdit = 1002, // multi-line edit control
+    kLabel = 1003,      // static text
+    kSecondLabel = 1004,
+    kApply = 1005,          // push button "&Apply"
+    kDisabledButton = 1006, // push button "&Locked", disabled
+    kCheckBox = 1010,       // automatic, two states
+    kTriStateBox = 1011,    // automatic, three states
+    kManualBox = 1012,      // BS_CHECKBOX: the dialog itself toggles it
+    kDisabledBox = 1013,
+    kGroupBox = 1014,
+    kRadioMetric = 1015, // checked at first
+    kRadioImperial = 1016,
+    kDropDownList = 1020, // combo box without edit control
+    kDropDown = 1021,     // combo box with edit control
+    kListBox = 1022,
+    kRichEdit = 1023,    // class "RichEdit20A", where the system has it
+    kOpenNested = 1030,  // push button "&Nested...": opens the modal dialog "Nested"
+    kCloseByCode = 1031, // push button "C&lose": closes the modeless dialog
+    kHiddenTab = 1040,   // child dialog, hidden
+    kShownTab = 1041,    // child dialog, visible
+    kPanelLeft = 1050,   // panel "Left panel"
+    kPanelRight = 1051,  // panel "Right panel"
+    kPanelInner = 1052,  // panel "Inner panel" in "Right panel"
+    kStatusBar = 1090,
+    // --many-children N: descendants have the ids from kFirstOfMany on, the last one is an edit control.
+    kFirstOfMany = 10000,
+};
+
+} // namespace sample_host::ids

@@ -1,0 +1,28 @@
+// How the sample host is told to misbehave: by the registered message below, sent or posted to the
+// window that shall misbehave, or by --misbehave NAME[=NUMBER][@CONTROL ID] (see command_line.h).
+#pragma once
+
+namespace sample_host {
+
+// wParam = a Misbehaviour, lParam = its number. Answers 1, 0 for an unknown one.
+inline constexpr char kMisbehaveMessage[] = "SAMPLE_HOST_MISBEHAVE";
+
+enum class Misbehaviour : unsigned {
+    Busy = 1,       // "busy": blocks the GUI thread at once for number ms
+    LateDialog = 2, // "late-dialog": opens the modal dialog "Late" after number ms
+    DestroyOnCommand =
+        3,              // "destroy-on-command": this window goes when it or an ancestor next gets WM_COMMAND
+    DestroyOnClick = 4, // "destroy-on-click": this window goes when a mouse button is next pressed in it
+    DestroyOnSync = 5,  // "destroy-on-sync": this window goes when any window next gets MSG_GH_SYNC
+    DestroyLater = 6,   // "destroy-later": this window goes after number ms
+    Disable = 7,        // "disable": this window is disabled now and enabled after number ms
+    NeverIdle = 8,      // "never-idle": this window's thread keeps posting itself messages for number ms
+    CrashOnMessage = 9, // "crash-on-message": the process ends, with exit code 3, in the middle of the
+                        // next message with that number to this window; number 0: at once
+    CreateLater = 10,   // "create-later": this window gets a visible child, an edit control with id
+                        // kLateEdit, after number ms
+};
+inline constexpr int kLateEdit = 1099;
+inline constexpr int kCrashExitCode = 3;
+
+} // namespace sample_host

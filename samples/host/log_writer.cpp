@@ -1,0 +1,83 @@
+#include "log_writer.h"
+
+#include "message_names.h"
+#include "watch.h"
+
+namespace sample_host {
+
+LogWriter::LogWriter() {
+    m_mapping = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(LogSection),
+                                   LogName(GetCurrentProcessId()).c_str());
+    if (m_mapping) // a fresh section is all zero: an empty log
+        m_section =
+            static_cast<LogSection*>(MapViewOfFile(m_mapping, FILE_MAP_WRITE, 0, 0, sizeof(LogSection)));
+}
+
+LogWriter::~LogWriter() {
+    if (m_section)
+        UnmapViewOfFile(m_section);
+    if (m_mapping)
+        CloseHandle(m_mapping);
+    if (m_file != INVALID_HANDLE_VALUE)
+        CloseHandle(m_file);
+}
+
+bool LogWriter::OpenFile(const std::string& fileName) {
+    m_file = CreateFileA(fileName.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                         CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    return m_file != INVALID_HANDLE_VALUE;
+}
+
+void LogWriter::Write(Delivery delivery, const MSG& message) {
+    LogRecord record{};
+    record.window = reinterpret_cast<std::uintptr_t>(message.hwnd);
+    record.wParam = message.wParam;
+    record.lParam = static_cast<std::uint64_t>(message.lParam);
+    record.message = message.message;
+    record.controlId = ControlIdOf(message.hwnd);
+    record.delivery = delivery;
+    record.number = ++m_number;
+    lstrcpynA(record.name, NameOf(message.hwnd).c_str(), sizeof record.name);
+    if (message.message == WM_SETTEXT && delivery == Delivery::Sent && message.lParam)
+        lstrcpynA(record.text, reinterpret_cast<const char*>(message.lParam), sizeof record.text);
+
+    if (m_file != INVALID_HANDLE_VALUE)
+        WriteLine(record);
+    if (!m_section)
+        return;
+    const std::uint32_t count = m_section->count.load(std::memory_order_relaxed);
+    if (count == LogSection::kCapacity) {
+        m_section->dropped.fetch_add(1);
+        return;
+    }
+    m_section->records[count] = record;
+    m_section->count.store(count + 1, std::memory_order_release);
+}
+
+void LogWriter::Clear() {
+    if (!m_section)
+        return;
+    m_section->count.store(0);
+    m_section->dropped.store(0);
+}
+
+void LogWriter::WriteLine(const LogRecord& record) {
+    char line[512];
+    int length = std::snprintf(
+        line, sizeof line, "%06u %s %s id=%d hwnd=%016llX %s msg=%04X w=%016llX l=%016llX", record.number,
+        record.delivery == Delivery::Posted ? "posted" : "sent", record.name, record.controlId,
+        static_cast<unsigned long long>(record.window), MessageName(record.message).c_str(), record.message,
+        static_cast<unsigned long long>(record.wParam), static_cast<unsigned long long>(record.lParam));
+    if (record.message == WM_SETTEXT)
+        length += std::snprintf(line + length, sizeof line - length, " text=\"%s\"", record.text);
+    length += std::snprintf(line + length, sizeof line - length, "\r\n");
+    DWORD written = 0;
+    WriteFile(m_file, line, static_cast<DWORD>(length), &written, nullptr);
+}
+
+LogWriter& Log() {
+    static LogWriter log;
+    return log;
+}
+
+} // namespace sample_host

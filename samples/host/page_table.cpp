@@ -1,0 +1,52 @@
+#include "page_table.h"
+
+#include "host_ids.h"
+
+#include <algorithm>
+
+namespace sample_host {
+
+void OpenAboutDialog();
+void OpenDocument();
+void OpenFindDialog();
+void OpenLateDialog();
+void OpenPaletteDialog();
+void OpenPanelsPage();
+void OpenSettingsDialog();
+void OpenTwinsDialog();
+
+namespace {
+
+constexpr Page kPages[] = {
+    {"document", ids::kPageDocument, "&Document", OpenDocument},
+    {"settings", ids::kPageSettings, "&Settings...", OpenSettingsDialog},
+    {"find", ids::kPageFind, "&Find", OpenFindDialog},
+    {"palette", ids::kPagePalette, "&Palette", OpenPaletteDialog},
+    {"twins", ids::kPageTwins, "&Twins", OpenTwinsDialog},
+    {"late", ids::kPageLate, "&Late...", OpenLateDialog},
+    {"about", ids::kPageAbout, "&About...", OpenAboutDialog},
+    {"panels", ids::kPagePanels, "Pa&nels", OpenPanelsPage},
+};
+
+bool Open(const Page* page) {
+    if (page == std::end(kPages))
+        return false;
+    page->open();
+    return true;
+}
+
+} // namespace
+
+std::span<const Page> Pages() {
+    return kPages;
+}
+
+bool OpenPage(std::string_view name) {
+    return Open(std::ranges::find(kPages, name, &Page::name));
+}
+
+bool OpenPage(unsigned command) {
+    return Open(std::ranges::find(kPages, command, &Page::command));
+}
+
+} // namespace sample_host
