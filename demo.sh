@@ -12,14 +12,14 @@ demo=$PWD/build/demo
 
 # drive NAME PROGRAM: starts the program, runs samples/scripts/NAME.vbs on it, takes its picture.
 drive() {
-    local name=$1 program=$2 program_pid
+    local name=$1 program=$2 script program_pid
+    script=$(windows_path "samples/scripts/$name.vbs")
     say "Starting $program, driven by samples/scripts/$name.vbs"
     timeout 300 wine "$program" </dev/null >"$demo/$name.log" 2>&1 &
     program_pid=$!
-    # Wine's cscript also answers 0 for a script that it could not read: the last line tells the truth.
-    session_run 180 cscript.exe //nologo "$(windows_path "samples/scripts/$name.vbs")" | tee "$demo/$name.txt" ||
-        true
-    grep -qx Done "$demo/$name.txt" ||
+    SESSION_OUTPUT=$demo/$name.txt session_run 180 cscript.exe //nologo "$script" || true
+    # Wine's cscript answers 0 for an error in a script, too: the last line tells the truth.
+    grep -q '^Done' "$demo/$name.txt" ||
         fail "The script samples/scripts/$name.vbs failed." "Its last line says where. What $program wrote: $demo/$name.log"
     session_screenshot "$demo/$name.png" || fail "No screenshot could be taken of the desktop $DISPLAY."
     kill "$program_pid" 2>/dev/null || true

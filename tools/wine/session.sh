@@ -54,8 +54,9 @@ session_end() {
 session_start_display() {
     local number_file=$session_cache/display-$$ number=
     : >"$number_file"
-    # -displayfd picks a free number; -noreset keeps the desktop when its last program ends.
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -noreset -nolisten tcp \
+    # -displayfd picks a free number; -noreset keeps the desktop when its last program ends; setpriv ends
+    # it even when this script is killed.
+    setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -noreset -nolisten tcp \
         3>"$number_file" </dev/null >"$session_cache/xvfb.log" 2>&1 &
     session_display_pid=$!
     for _ in {1..150}; do
@@ -101,23 +102,28 @@ session_remove_abandoned_prefixes() {
     local prefix
     for prefix in "$session_cache"/session-*; do
         [[ -d $prefix ]] || continue
-        kill -0 "${prefix##*-}" 2>/dev/null || rm -rf "$prefix"
+        kill -0 "${prefix##*-}" 2>/dev/null && continue
+        WINEPREFIX=$prefix timeout 30 wineserver -k || true
+        rm -rf "$prefix"
     done
 }
 
 # session_run SECONDS PROGRAM [ARGUMENT...]: runs a Windows program, shows its output as it comes and
-# returns its exit code, 124 when it had to be ended.
+# returns its exit code, 124 when it had to be ended. SESSION_OUTPUT: a file that keeps the output.
 session_run() {
-    local limit=$1 output program_pid code=0
+    local limit=$1 output=${SESSION_OUTPUT:-} program_pid viewer_pid code=0
     shift
     # The output takes the way through a file: programs that stay behind (Wine's own explorer) inherit
     # it, and whoever reads a pipe would wait for those.
-    output=$(mktemp)
+    [[ -n $output ]] || output=$(mktemp)
     timeout --kill-after=5 "$limit" wine "$@" </dev/null >"$output" 2>&1 &
     program_pid=$!
-    tail -n +1 -f -s 0.1 --pid="$program_pid" "$output" | sed -u 's/\r$//'
+    tail -n +1 -f -s 0.1 --pid="$program_pid" "$output" | sed -u 's/\r$//' &
+    viewer_pid=$!
+    # Waiting here, unlike for a command in the foreground, lets a signal end the script at once.
     wait "$program_pid" || code=$?
-    rm -f "$output"
+    wait "$viewer_pid" || true
+    [[ -n ${SESSION_OUTPUT:-} ]] || rm -f "$output"
     if ((code == 124 || code == 137)); then
         printf 'Ended after %s s: %s\n' "$limit" "$*" >&2
         code=124
