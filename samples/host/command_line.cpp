@@ -1,7 +1,9 @@
 #include "command_line.h"
 
 #include "host_ids.h"
+#include "page_table.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace sample_host {
@@ -15,15 +17,27 @@ std::optional<Options> ParseCommandLine(int count, char** arguments, std::string
             options.maximized = true;
             continue;
         }
+        if (option == "--keep-open") {
+            options.script.keepOpen = true;
+            continue;
+        }
         if (index + 1 == count) {
             error = option + ": unknown, or its value is missing";
             return std::nullopt;
         }
         const std::string value = arguments[++index];
         if (option == "--page") {
+            if (std::ranges::find(Pages(), value, &Page::name) == Pages().end()) {
+                error = "--page " + value + ": no such page";
+                return std::nullopt;
+            }
             options.pages.push_back(value);
         } else if (option == "--log") {
             options.logFile = value;
+        } else if (option == "--script") {
+            options.script.file = value;
+        } else if (option == "--output") {
+            options.script.outputFile = value;
         } else if (option == "--frame-class") {
             options.frameClass = value;
         } else if (option == "--many-children") {

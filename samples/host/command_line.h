@@ -2,6 +2,7 @@
 #pragma once
 
 #include "misbehaviour.h"
+#include "script_runner.h"
 
 #include <optional>
 #include <string>
@@ -17,6 +18,10 @@ inline constexpr char kUsage[] =
     "                       misbehaves, at once or when the control exists (host_misbehaviour.h)\n"
     "  --many-children N    opens a window with N descendants\n"
     "  --frame-class NAME   the class name of the main window\n"
+    "  --script FILE        runs a script (VBScript, or JScript in a .js file) inside the host, then ends\n"
+    "                       with the script's exit code\n"
+    "  --output FILE        also writes the script's output to FILE\n"
+    "  --keep-open          goes on when the script has ended\n"
     "  --maximized          maximises the main window\n";
 
 struct Options {
@@ -25,6 +30,7 @@ struct Options {
     std::vector<MisbehaviourOrder> misbehaviours;
     int manyChildren = 0;
     std::string frameClass;
+    ScriptOptions script; // without a file: none
     bool maximized = false;
 };
 

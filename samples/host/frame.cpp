@@ -14,6 +14,10 @@ namespace {
 constexpr int kWidth = 1100;
 constexpr int kHeight = 760;
 
+// Posted to the frame: ends the host, wParam is the exit code.
+constexpr UINT kEndHost = WM_APP + 1;
+
+int exitCode = 0;
 HWND frame = nullptr;
 HWND client = nullptr;
 HWND statusBar = nullptr;
@@ -125,8 +129,12 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     case WM_CLOSE:
         DestroyWindow(window);
         return 0;
+    case kEndHost:
+        exitCode = static_cast<int>(wParam);
+        DestroyWindow(window);
+        return 0;
     case WM_DESTROY:
-        PostQuitMessage(0);
+        PostQuitMessage(exitCode);
         return 0;
     default:
         break;
@@ -152,6 +160,10 @@ HWND MdiClient() {
 
 HWND DialogOwner() {
     return GetLastActivePopup(frame);
+}
+
+void EndHost(int code) {
+    PostMessageA(frame, kEndHost, static_cast<WPARAM>(code), 0);
 }
 
 void SetStatus(const std::string& text) {

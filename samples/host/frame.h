@@ -16,6 +16,9 @@ HWND MdiClient();
 // the frame.
 HWND DialogOwner();
 
+// Ends the host with that exit code; callable from any thread.
+void EndHost(int exitCode);
+
 void SetStatus(const std::string& text);
 
 } // namespace sample_host

@@ -59,7 +59,11 @@ int Run(const Options& options) {
         for (const Page& known : Pages())
             if (known.name == page)
                 PostMessageA(Frame(), WM_COMMAND, known.command, 0);
-    return RunMessageLoop();
+    if (options.script.file.empty())
+        return RunMessageLoop();
+    ScriptThread script(options.script);
+    RunMessageLoop();
+    return script.Wait();
 }
 
 } // namespace
