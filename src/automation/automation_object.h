@@ -1,0 +1,167 @@
+// The frame that every automation object shares: reference count, aggregation, interfaces, IDispatch and
+// the engine object.
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <utility>
+
+#include "automation/activation_context.h"
+#include "automation/conversions.h"
+#include "automation/guarded.h"
+#include "automation/module_lock.h"
+#include "automation/type_info.h"
+
+namespace automation {
+
+// For an automation object that stands for nothing in the host.
+struct NoEngine {};
+
+// Object is the final class, Interface its dual interface, Engine the kind of its engine object, Bases the
+// interfaces that Interface derives from (IDispatch and IUnknown go without saying).
+//
+// The object starts with a reference count of 0 and destroys itself with the last reference. An object of
+// its own delegates to itself, an aggregated one to its outer object. It holds one lock on the module.
+template <class Object, class Interface, class Engine, class... Bases>
+class AutomationObject : public Interface {
+public:
+    using EngineObject = Engine;
+
+    explicit AutomationObject(IUnknown* outer) noexcept : m_outer(outer != nullptr ? outer : &m_inner) {}
+    virtual ~AutomationObject() = default;
+    AutomationObject(const AutomationObject&) = delete;
+    AutomationObject& operator=(const AutomationObject&) = delete;
+
+    // The object's own IUnknown, which an outer object holds and which counts the references.
+    IUnknown& Inner() noexcept { return m_inner; }
+
+    // Hands an engine object over, in place of the one that is there.
+    void Adopt(std::unique_ptr<Engine> engine) noexcept { m_window = std::move(engine); }
+    // Null until one is handed over.
+    Engine* EngineOrNull() const noexcept { return m_window.get(); }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        return m_outer->QueryInterface(iid, object);
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return m_outer->AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() override { return m_outer->Release(); }
+
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+        const ActivationScope scope;
+        if (count == nullptr) {
+            return E_POINTER;
+        }
+        *count = 1;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** information) override {
+        return DispatchTypeInfo(__uuidof(Interface), index, information);
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+        return DispatchIdsOfNames(__uuidof(Interface), names, count, ids);
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+                                     VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
+        return DispatchInvoke(__uuidof(Interface), static_cast<Interface*>(this), id, flags, parameters,
+                              result, exception, badArgument);
+    }
+
+protected:
+    // Runs a member's body with the engine object: E_UNEXPECTED if there is none, as in an object that a
+    // client created itself. The body may wait and so let calls re-enter: the object is kept alive for it.
+    template <class Body>
+    HRESULT Run(Body body) noexcept {
+        const KeptAlive kept(*this);
+        return Guarded([&]() -> HRESULT {
+            if (m_window == nullptr) {
+                return E_UNEXPECTED;
+            }
+            if constexpr (std::is_void_v<decltype(body(*m_window))>) {
+                body(*m_window);
+                return S_OK;
+            } else {
+                return body(*m_window);
+            }
+        });
+    }
+
+    // The same for a member with a result, which is cleared first. It is written unchecked: only the
+    // members that say so test their out pointer.
+    template <class Result, class Body>
+    HRESULT Get(Result* result, Body body) noexcept {
+        *result = {};
+        return Run([&](Engine& engine) { Assign(result, body(engine)); });
+    }
+
+    // A member whose engine does not exist yet.
+    template <class Result>
+    static HRESULT NotImplemented(Result* result) noexcept {
+        *result = {};
+        return E_NOTIMPL;
+    }
+
+private:
+    class InnerUnknown final : public IUnknown {
+    public:
+        explicit InnerUnknown(AutomationObject& owner) noexcept : m_owner(owner) {}
+
+        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+            if (object == nullptr) {
+                return E_POINTER;
+            }
+            *object = m_owner.Find(iid);
+            if (*object == nullptr) {
+                return E_NOINTERFACE;
+            }
+            static_cast<IUnknown*>(*object)->AddRef();
+            return S_OK;
+        }
+        ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
+        ULONG STDMETHODCALLTYPE Release() override {
+            const ULONG left = --m_references;
+            if (left == 0) {
+                m_references = 1; // a destructor that hands the object out must not destroy it twice
+                delete static_cast<Object*>(&m_owner);
+            }
+            return left;
+        }
+
+    private:
+        AutomationObject& m_owner;
+        std::atomic<ULONG> m_references = 0;
+    };
+
+    class KeptAlive {
+    public:
+        explicit KeptAlive(AutomationObject& object) noexcept : m_object(object) { m_object.AddRef(); }
+        ~KeptAlive() { m_object.Release(); }
+        KeptAlive(const KeptAlive&) = delete;
+        KeptAlive& operator=(const KeptAlive&) = delete;
+
+    private:
+        AutomationObject& m_object;
+    };
+
+    // The interface of that id, which begins with IUnknown, without a reference; null if there is none.
+    void* Find(REFIID iid) noexcept {
+        if (iid == IID_IUnknown) {
+            return static_cast<IUnknown*>(&m_inner);
+        }
+        if (iid == IID_IDispatch || iid == __uuidof(Interface) || (... || (iid == __uuidof(Bases)))) {
+            return static_cast<Interface*>(this);
+        }
+        return static_cast<Object*>(this)->FindMore(iid);
+    }
+
+public:
+    // For an object with interfaces outside of the chain.
+    void* FindMore(REFIID) noexcept { return nullptr; }
+
+private:
+    ModuleLock m_moduleLock;
+    InnerUnknown m_inner{*this};
+    IUnknown* m_outer;
+    std::unique_ptr<Engine> m_window;
+};
+
+} // namespace automation

@@ -1,0 +1,49 @@
+// The boundary between COM and the engine.
+#pragma once
+
+#include <new>
+#include <stdexcept>
+#include <type_traits>
+
+#include "automation/interfaces.h"
+
+namespace automation {
+
+// A failure that the caller reads as error information (Err.Description in a script).
+class AutomationError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Makes `text` the calling thread's error information.
+void SetErrorText(const char* text) noexcept;
+void ClearErrorText() noexcept;
+
+// Runs the body of a member. No exception leaves it: out of memory becomes E_OUTOFMEMORY, anything else
+// E_FAIL with its text. A body without a result succeeds with S_OK.
+template <class Body>
+HRESULT Guarded(Body body) noexcept {
+    try {
+        HRESULT result = S_OK;
+        if constexpr (std::is_void_v<decltype(body())>) {
+            body();
+        } else {
+            result = body();
+        }
+        if (FAILED(result)) {
+            ClearErrorText(); // a caller must not read an earlier member's text
+        }
+        return result;
+    } catch (const std::bad_alloc&) {
+        ClearErrorText();
+        return E_OUTOFMEMORY;
+    } catch (const std::exception& error) {
+        SetErrorText(error.what());
+        return E_FAIL;
+    } catch (...) {
+        ClearErrorText();
+        return E_FAIL;
+    }
+}
+
+} // namespace automation

@@ -1,0 +1,9 @@
+// A list view.
+#pragma once
+
+#include "engine/ghBaseWindow.h"
+
+class ghListView : public ghBaseWindow {
+public:
+    using ghBaseWindow::ghBaseWindow;
+};
