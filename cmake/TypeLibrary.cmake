@@ -34,7 +34,7 @@ function(ghosthand_type_library target idl)
             COMMENT "Header and identifiers of ${idl}" VERBATIM)
     endif()
     add_library(${target} STATIC ${identifiers} ${header})
-    target_include_directories(${target} PUBLIC ${folder})
+    target_include_directories(${target} SYSTEM PUBLIC ${folder})
 
     set(library ${folder}/${name}.tlb)
     if(MSVC)
