@@ -4,6 +4,7 @@
 #include "host_ids.h"
 #include "menu_bar.h"
 #include "page_table.h"
+#include "tool_bars.h"
 #include "watch.h"
 
 #include <commctrl.h>
@@ -34,7 +35,8 @@ void LayOut() {
     RECT area;
     GetClientRect(frame, &area);
     SendMessageA(statusBar, WM_SIZE, 0, 0); // it puts itself at the bottom
-    MoveWindow(client, 0, 0, area.right, area.bottom - HeightOf(statusBar), TRUE);
+    const int top = LayOutToolBars(area.right);
+    MoveWindow(client, 0, top, area.right, area.bottom - top - HeightOf(statusBar), TRUE);
 }
 
 void CreateClient() {
@@ -53,6 +55,11 @@ void ToggleView(unsigned command) {
     if (command == ids::kViewStatusBar) {
         ShowWindow(statusBar, marked ? SW_SHOW : SW_HIDE);
         LayOut();
+    } else if (command == ids::kViewToolbar) {
+        ShowToolBars(marked);
+        LayOut();
+    } else if (command == ids::kViewGrid) {
+        MarkToolBarButton(command, marked);
     }
 }
 
@@ -114,6 +121,7 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         frame = window;
         Watch(frame, "Frame");
         CreateClient();
+        CreateToolBars(frame);
         statusBar = AddControl(
             frame,
             {.className = STATUSCLASSNAMEA, .text = "Ready", .style = SBARS_SIZEGRIP, .id = ids::kStatusBar});
@@ -126,6 +134,12 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         if (OnCommand(LOWORD(wParam)))
             return 0;
         break;
+    case WM_NOTIFY: {
+        LRESULT result = 0;
+        if (OnToolBarNotify(*reinterpret_cast<const NMHDR*>(lParam), result))
+            return result;
+        break;
+    }
     case WM_CLOSE:
         DestroyWindow(window);
         return 0;
@@ -145,7 +159,7 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 } // namespace
 
 HWND CreateFrame(const std::string& className) {
-    RegisterHostClass(className.c_str(), Procedure, COLOR_APPWORKSPACE);
+    RegisterHostClass(className.c_str(), Procedure);
     return CreateWindowExA(0, className.c_str(), ids::kFrameCaption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                            40, 40, kWidth, kHeight, nullptr, CreateMenuBar(), Instance(), nullptr);
 }

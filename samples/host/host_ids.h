@@ -23,6 +23,7 @@ enum Command : unsigned {
     kFileRecent1 = 107, // "Recent &Files" > "&1 Bracket.part"
     kFileRecent2 = 108, // "Recent &Files" > "&2 Housing.part"
     kFileExit = 109,    // "E&xit"
+    kFileMeasure = 110, // on the tool bar "Standard" only
     // &Edit
     kEditUndo = 201, // "&Undo\tCtrl+Z", disabled
     kEditCut = 202,
@@ -43,13 +44,36 @@ enum Command : unsigned {
     kZoomFitPage = 315,
     // &Pages: one command for every line of page_table.cpp
     kPageDocument = 600,
-    kPageSettings = 601, // modal dialog "Settings"
-    kPageFind = 602,     // modeless dialog "Find" with a modal frame
-    kPagePalette = 603,  // popup "Palette" without a modal frame
-    kPageTwins = 604,    // modeless dialog "Twins"
-    kPageLate = 605,     // modal dialog "Late"
-    kPageAbout = 606,    // modal dialog "About Ghosthand Sample Host", also in &Help
-    kPagePanels = 607,   // MDI page "Panels": child windows with captions
+    kPageSettings = 601,     // modal dialog "Settings"
+    kPageFind = 602,         // modeless dialog "Find" with a modal frame
+    kPagePalette = 603,      // popup "Palette" without a modal frame
+    kPageTwins = 604,        // modeless dialog "Twins"
+    kPageLate = 605,         // modal dialog "Late"
+    kPageAbout = 606,        // modal dialog "About Ghosthand Sample Host", also in &Help
+    kPagePanels = 607,       // MDI page "Panels": child windows with captions
+    kPageContextMenus = 608, // MDI page "Context menus": three areas with a context menu of each kind
+    kPageManyItems = 609,    // MDI page "Many items": tool bar with 200 buttons, and a menu with 500 items
+    // Drawing commands, on the tool bars and in the context menus of the host's own kind.
+    kDrawLine = 701,       // "Line"
+    kDrawCircle = 702,     // "Circle"
+    kDrawSpline = 703,     // "Spline", disabled
+    kDrawOrtho = 704,      // "Ortho", toggles
+    kDrawSnap = 705,       // "Snap", toggles, marked at first
+    kDrawArc = 706,        // "Arc", opens a popup
+    kDrawArcCenter = 707,  // "Center" in "Arc"
+    kDrawArcTangent = 708, // "Tangent" in "Arc"
+    kDrawHatch = 709,      // "Hatch", opens a popup
+    kDrawHatchLines = 710, // "Lines" in "Hatch"
+    kDrawHatchDots = 711,  // "Dots" in "Hatch", toggles
+    kDrawErase = 712,      // "Erase All"
+    // Items of the system's own context menu
+    kContextCopy = 721,       // "&Copy"
+    kContextPaste = 722,      // "&Paste", disabled
+    kContextSnap = 723,       // "&Snap", toggles
+    kContextOrderFront = 724, // "&Order" > "To &Front"
+    kContextOrderBack = 725,  // "&Order" > "To &Back"
+    kFirstManyButton = 2000,  // "Button 0" and on, on the bar of 200 buttons
+    kFirstManyItem = 3000,    // "Item 0" and on, in the menu of 500 items
     // &Window
     kWindowCascade = 401,
     kWindowTileHorizontally = 402,
@@ -77,14 +101,21 @@ enum Control : unsigned {
     kDropDownList = 1020, // combo box without edit control
     kDropDown = 1021,     // combo box with edit control
     kListBox = 1022,
-    kRichEdit = 1023,    // class "RichEdit20A", where the system has it
-    kOpenNested = 1030,  // push button "&Nested...": opens the modal dialog "Nested"
-    kCloseByCode = 1031, // push button "C&lose": closes the modeless dialog
-    kHiddenTab = 1040,   // child dialog, hidden
-    kShownTab = 1041,    // child dialog, visible
-    kPanelLeft = 1050,   // panel "Left panel"
-    kPanelRight = 1051,  // panel "Right panel"
-    kPanelInner = 1052,  // panel "Inner panel" in "Right panel"
+    kRichEdit = 1023,             // class "RichEdit20A", where the system has it
+    kOpenNested = 1030,           // push button "&Nested...": opens the modal dialog "Nested"
+    kCloseByCode = 1031,          // push button "C&lose": closes the modeless dialog
+    kHiddenTab = 1040,            // child dialog, hidden
+    kShownTab = 1041,             // child dialog, visible
+    kPanelLeft = 1050,            // panel "Left panel"
+    kPanelRight = 1051,           // panel "Right panel"
+    kPanelInner = 1052,           // panel "Inner panel" in "Right panel"
+    kStandardBar = 1080,          // "ToolbarWindow32" with the caption "Standard"
+    kDrawBar = 1081,              // "BCGPToolBar:sample" with the caption "Draw"
+    kModifyBar = 1082,            // "BCGToolBar:sample" with the caption "Modify"
+    kOwnMenuArea = 1085,          // panel: a right click opens a popup "BCGPopupMenu"
+    kProfessionalMenuArea = 1086, // panel: a right click opens a popup "Afx:SamplePopup"
+    kSystemMenuArea = 1087,       // panel: a right click opens a system menu
+    kManyButtonsBar = 1088,       // "ToolbarWindow32" with 200 buttons
     kStatusBar = 1090,
     // --many-children N: descendants have the ids from kFirstOfMany on, the last one is an edit control.
     kFirstOfMany = 10000,

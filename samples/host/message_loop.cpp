@@ -1,5 +1,6 @@
 #include "message_loop.h"
 
+#include "bar_popup.h"
 #include "dialog.h"
 #include "frame.h"
 #include "host_ids.h"
@@ -26,7 +27,8 @@ int RunMessageLoop() {
     const HACCEL accelerators = CreateAccelerators();
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-        if (IsModelessDialogMessage(message) || TranslateMDISysAccel(MdiClient(), &message) ||
+        if (IsBarPopupMessage(message) || IsModelessDialogMessage(message) ||
+            TranslateMDISysAccel(MdiClient(), &message) ||
             TranslateAcceleratorA(Frame(), accelerators, &message))
             continue;
         TranslateMessage(&message);

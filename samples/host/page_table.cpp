@@ -7,9 +7,11 @@
 namespace sample_host {
 
 void OpenAboutDialog();
+void OpenContextMenusPage();
 void OpenDocument();
 void OpenFindDialog();
 void OpenLateDialog();
+void OpenManyItemsPage();
 void OpenPaletteDialog();
 void OpenPanelsPage();
 void OpenSettingsDialog();
@@ -26,6 +28,8 @@ constexpr Page kPages[] = {
     {"late", ids::kPageLate, "&Late...", OpenLateDialog},
     {"about", ids::kPageAbout, "&About...", OpenAboutDialog},
     {"panels", ids::kPagePanels, "Pa&nels", OpenPanelsPage},
+    {"context-menus", ids::kPageContextMenus, "&Context menus", OpenContextMenusPage},
+    {"many-items", ids::kPageManyItems, "&Many items", OpenManyItemsPage},
 };
 
 bool Open(const Page* page) {
