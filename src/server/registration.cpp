@@ -1,0 +1,111 @@
+#include "server/registration.h"
+
+#include <oleauto.h>
+
+#include <memory>
+#include <new>
+#include <system_error>
+
+#include "server/registrar.h"
+
+namespace server {
+namespace {
+
+[[noreturn]] void ThrowLastError() {
+    const DWORD error = GetLastError();
+    throw std::system_error(static_cast<int>(error != ERROR_SUCCESS ? error : ERROR_GEN_FAILURE),
+                            std::system_category());
+}
+
+// The text of a script. The scripts are stored as UTF-8.
+std::wstring ScriptText(HINSTANCE module, UINT script) {
+    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(script), L"REGISTRY");
+    if (resource == nullptr)
+        ThrowLastError();
+    const HGLOBAL loaded = LoadResource(module, resource);
+    if (loaded == nullptr)
+        ThrowLastError();
+    const auto* bytes = static_cast<const char*>(LockResource(loaded));
+    const auto byteCount = static_cast<int>(SizeofResource(module, resource));
+    const int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes, byteCount, nullptr, 0);
+    if (length == 0)
+        ThrowLastError();
+    std::wstring text(static_cast<std::size_t>(length), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, bytes, byteCount, text.data(), length);
+    return text;
+}
+
+struct Releaser {
+    void operator()(IUnknown* object) const noexcept { object->Release(); }
+};
+struct AttributeReleaser {
+    ITypeLib* library;
+    void operator()(TLIBATTR* attributes) const noexcept { library->ReleaseTLibAttr(attributes); }
+};
+
+HRESULT UnregisterLibrary(ITypeLib& library) noexcept {
+    TLIBATTR* found = nullptr;
+    if (const HRESULT result = library.GetLibAttr(&found); FAILED(result))
+        return result;
+    const std::unique_ptr<TLIBATTR, AttributeReleaser> attributes(found, AttributeReleaser{&library});
+    return UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum,
+                             attributes->lcid, attributes->syskind);
+}
+
+} // namespace
+
+HRESULT RunRegistrationScript(HINSTANCE module, UINT script, const Replacements& replacements,
+                              RegistrationMode mode) noexcept {
+    try {
+        const std::vector<ScriptRoot> roots = ParseScript(ScriptText(module, script), replacements);
+        return mode == RegistrationMode::Register ? RegisterKeys(roots) : UnregisterKeys(roots);
+    } catch (...) {
+        return FailureResult();
+    }
+}
+
+HRESULT RegisterTypeLibrary(HINSTANCE module, RegistrationMode mode) noexcept {
+    try {
+        std::wstring path = ModulePath(module);
+        ITypeLib* loaded = nullptr;
+        if (const HRESULT result = LoadTypeLibEx(path.c_str(), REGKIND_NONE, &loaded); FAILED(result))
+            return result;
+        const std::unique_ptr<ITypeLib, Releaser> library(loaded);
+        if (mode == RegistrationMode::Unregister)
+            return UnregisterLibrary(*library);
+        std::wstring folder = path.substr(0, path.find_last_of(L"\\/"));
+        return RegisterTypeLib(library.get(), path.data(), folder.data());
+    } catch (...) {
+        return FailureResult();
+    }
+}
+
+std::wstring ModulePath(HINSTANCE module) {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+        if (length == 0)
+            ThrowLastError();
+        if (length < path.size()) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(path.size() * 2);
+    }
+}
+
+HRESULT FailureResult() noexcept {
+    try {
+        throw;
+    } catch (const ScriptError&) {
+        return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
+    } catch (const std::system_error& error) {
+        return HRESULT_FROM_WIN32(static_cast<DWORD>(error.code().value()));
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (...) {
+        return E_FAIL;
+    }
+}
+
+} // namespace server
