@@ -136,7 +136,7 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         break;
     case WM_NOTIFY: {
         LRESULT result = 0;
-        if (OnToolBarNotify(*reinterpret_cast<const NMHDR*>(lParam), result))
+        if (lParam && OnToolBarNotify(*reinterpret_cast<const NMHDR*>(lParam), result))
             return result;
         break;
     }
@@ -173,7 +173,7 @@ HWND MdiClient() {
 }
 
 HWND DialogOwner() {
-    return GetLastActivePopup(frame);
+    return IsWindowEnabled(frame) ? frame : GetLastActivePopup(frame);
 }
 
 void EndHost(int code) {

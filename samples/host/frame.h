@@ -12,8 +12,7 @@ HWND CreateFrame(const std::string& className);
 HWND Frame();
 HWND MdiClient();
 
-// The window that owns a dialog which a command opens: the topmost modal dialog that is open, otherwise
-// the frame.
+// The window that owns a dialog which a command opens: the frame, or the dialog that has disabled it.
 HWND DialogOwner();
 
 // Ends the host with that exit code; callable from any thread.

@@ -23,7 +23,6 @@ enum Command : unsigned {
     kFileRecent1 = 107, // "Recent &Files" > "&1 Bracket.part"
     kFileRecent2 = 108, // "Recent &Files" > "&2 Housing.part"
     kFileExit = 109,    // "E&xit"
-    kFileMeasure = 110, // on the tool bar "Standard" only
     // &Edit
     kEditUndo = 201, // "&Undo\tCtrl+Z", disabled
     kEditCut = 202,

@@ -37,7 +37,8 @@ struct LogRecord {
     Delivery delivery;
     std::uint32_t number; // counts from 1, also over clearing
     char name[40];        // the window's name in the host; its class name where the host gave it none
-    char text[128];       // WM_SETTEXT: the text, cut to fit; otherwise empty
+    char text[128];       // of sent messages: WM_SETTEXT the text, cut to fit; WM_NOTIFY "from=<control
+                          // id> code=<code>"; WM_MOVING, WM_SIZING "left,top,right,bottom"; others empty
 };
 
 struct LogSection {

@@ -4,6 +4,33 @@
 #include "watch.h"
 
 namespace sample_host {
+namespace {
+
+// What lParam points at, in the messages where it is worth knowing.
+template <std::size_t Size>
+void DescribeParameter(const MSG& message, char (&text)[Size]) {
+    switch (message.message) {
+    case WM_SETTEXT:
+        lstrcpynA(text, reinterpret_cast<const char*>(message.lParam), Size);
+        break;
+    case WM_NOTIFY: {
+        const auto& header = *reinterpret_cast<const NMHDR*>(message.lParam);
+        std::snprintf(text, Size, "from=%d code=%d", static_cast<int>(header.idFrom),
+                      static_cast<int>(header.code));
+        break;
+    }
+    case WM_MOVING:
+    case WM_SIZING: {
+        const auto& area = *reinterpret_cast<const RECT*>(message.lParam);
+        std::snprintf(text, Size, "%ld,%ld,%ld,%ld", area.left, area.top, area.right, area.bottom);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+} // namespace
 
 LogWriter::LogWriter() {
     m_mapping = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(LogSection),
@@ -38,8 +65,8 @@ void LogWriter::Write(Delivery delivery, const MSG& message) {
     record.delivery = delivery;
     record.number = ++m_number;
     lstrcpynA(record.name, NameOf(message.hwnd).c_str(), sizeof record.name);
-    if (message.message == WM_SETTEXT && delivery == Delivery::Sent && message.lParam)
-        lstrcpynA(record.text, reinterpret_cast<const char*>(message.lParam), sizeof record.text);
+    if (delivery == Delivery::Sent && message.lParam)
+        DescribeParameter(message, record.text);
 
     if (m_file != INVALID_HANDLE_VALUE)
         WriteLine(record);
@@ -68,7 +95,7 @@ void LogWriter::WriteLine(const LogRecord& record) {
         record.delivery == Delivery::Posted ? "posted" : "sent", record.name, record.controlId,
         static_cast<unsigned long long>(record.window), MessageName(record.message).c_str(), record.message,
         static_cast<unsigned long long>(record.wParam), static_cast<unsigned long long>(record.lParam));
-    if (record.message == WM_SETTEXT)
+    if (record.text[0])
         length += std::snprintf(line + length, sizeof line - length, " text=\"%s\"", record.text);
     length += std::snprintf(line + length, sizeof line - length, "\r\n");
     DWORD written = 0;

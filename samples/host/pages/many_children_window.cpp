@@ -1,5 +1,5 @@
-// A window with a great many descendants, to measure searches: a tree of panels that hold up to nine
-// controls and one further panel each. The last descendant is an edit control.
+// A window with a great many descendants, to measure searches: panels that hold nine controls each. The
+// last descendant is an edit control.
 #include "control.h"
 #include "frame.h"
 #include "host_ids.h"
