@@ -3,6 +3,7 @@
 #include <mutex>
 
 #include "automation/module_lock.h"
+#include "automation/type_info.h"
 #include "server/thread_locale.h"
 
 namespace {
@@ -40,7 +41,10 @@ server::ClassFactory& CGhosthandModule::Factory(server::ObjectMapEntry& entry) n
 }
 
 HRESULT CGhosthandModule::CanUnloadNow() const noexcept {
-    return automation::ModuleLockCount() == 0 ? S_OK : S_FALSE;
+    if (automation::ModuleLockCount() != 0)
+        return S_FALSE;
+    automation::ReleaseTypeInformation();
+    return S_OK;
 }
 
 HRESULT CGhosthandModule::RegisterServer() const noexcept {

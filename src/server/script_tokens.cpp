@@ -15,8 +15,10 @@ std::optional<ScriptToken> ScriptTokens::Next() {
         return std::nullopt;
     ScriptToken token;
     token.line = m_line;
-    token.quoted = m_rest.front() == L'\'';
-    token.text = Replaced(token.quoted ? QuotedText() : PlainText());
+    const bool quoted = m_rest.front() == L'\'';
+    const std::wstring text = quoted ? QuotedText() : PlainText();
+    token.literal = quoted || text.find(L'%') != std::wstring::npos;
+    token.text = Replaced(text);
     return token;
 }
 
@@ -33,6 +35,9 @@ std::wstring ScriptTokens::PlainText() {
     while (length < m_rest.size() && !IsWhiteSpace(m_rest[length]))
         ++length;
     std::wstring text(m_rest.substr(0, length));
+    // A forgotten blank would make one word, and then a key, of two.
+    if (text.find(L'\'') != std::wstring::npos || (text.starts_with(L'=') && length > 1))
+        throw ScriptError(m_line, "a blank is missing");
     m_rest.remove_prefix(length);
     return text;
 }

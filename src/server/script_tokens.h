@@ -11,10 +11,10 @@ namespace server {
 
 struct ScriptToken {
     std::wstring text;
-    bool quoted = false; // a quoted token is never a key word, a brace or an equals sign
+    bool literal = false; // in apostrophes or with a replacement: no key word, brace or equals sign
     int line = 1;
 
-    bool Is(std::wstring_view word) const { return !quoted && text == word; }
+    bool Is(std::wstring_view word) const { return !literal && text == word; }
 };
 
 // Splits a script into tokens. Replacements are made inside of tokens, so that no replaced text, such as
