@@ -1,7 +1,7 @@
 ' Drives Notepad as a tester would: start one Notepad, then run "cscript notepad.vbs".
 Option Explicit
 
-Const kPageSetup = 261 ' File > Page Setup... of Wine's Notepad
+Const kFont = 320 ' Edit > Font... of Wine's Notepad
 
 ' Without this, Wine's cscript ends in silence on the first error.
 On Error Resume Next
@@ -31,9 +31,9 @@ Sub Main()
     WScript.Echo "After FitSize:  " & notepad.Width & " x " & notepad.Height
     If notepad.Width <> 640 Or notepad.Height <> 400 Then Fail "FitSize did not give 640 x 400"
 
-    notepad.Command kPageSetup
+    notepad.Command kFont
     Set dialog = notepad.ActiveDialog()
-    If dialog Is Nothing Then Fail "the dialog Page Setup did not open"
+    If dialog Is Nothing Then Fail "the dialog Font did not open"
     WScript.Echo "Dialog opened:  """ & dialog.Text & """"
     dialog.Close
     If Not notepad.ActiveDialog(0) Is Nothing Then Fail "the dialog is still open"

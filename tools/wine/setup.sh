@@ -6,10 +6,11 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/messages.sh"
 
 packages=(
-    cmake ninja-build g++ googletest                    # building
-    g++-mingw-w64-x86-64 mingw-w64-tools                # ... for Windows
-    wine wine64 wine64-tools libwine-dev fonts-liberation # running Windows programs
-    xvfb imagemagick                                    # a desktop without a screen, and pictures of it
+    cmake ninja-build g++ googletest            # building
+    g++-mingw-w64-x86-64 mingw-w64-tools        # ... for Windows
+    wine wine64 wine64-tools libwine-dev        # running what was built, and Windows' own interfaces
+    fonts-wine fonts-liberation                 # what it writes with, and the symbols on title bars
+    xvfb imagemagick                            # a desktop without a screen, and pictures of it
 )
 
 [[ -n $(command -v dpkg-query) && -n $(command -v apt-get) ]] ||
