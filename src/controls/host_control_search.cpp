@@ -1,0 +1,94 @@
+#include "controls/host_control_search.h"
+
+#include "ghosthand/host_contract.h"
+#include "hostlink/registered_messages.h"
+#include "inhouse/dlgkit.h"
+#include "inhouse/hostlink.h"
+
+namespace controls {
+
+namespace {
+
+bool AnswersProbe(HWND window, UINT message) {
+    return SendMessageA(window, message, 0, 0) == ghosthand::host_contract::kProbeAnswer;
+}
+
+bool IsGrid(HWND window) {
+    return AnswersProbe(window, hostlink::MSG_GX_RequestGridInformation);
+}
+
+bool IsRibbonWidget(HWND window) {
+    return AnswersProbe(window, hostlink::MSG_REQUEST_RIB_CUSTOMISATION_WIDGET_DATA);
+}
+
+bool IsCadView(HWND window) {
+    return SendMessageA(window, hostlink::MSG_HA_GetViewPosition, 1, 0) == 1;
+}
+
+HWND FindBelow(HWND from, engine::WindowCriteria& criteria) {
+    if (from == nullptr) {
+        return nullptr; // a null parent would search the whole desktop
+    }
+    criteria.parent = from;
+    return engine::Search(criteria) ? criteria.result : nullptr;
+}
+
+// The other windows of the desktop are not asked: a program that hangs would block the script.
+struct CadViewSearch {
+    DWORD processId;
+    HWND result = nullptr;
+};
+
+BOOL CALLBACK VisitForCadView(HWND window, LPARAM parameter) noexcept {
+    auto& search = *reinterpret_cast<CadViewSearch*>(parameter);
+    DWORD processId = 0;
+    GetWindowThreadProcessId(window, &processId);
+    if (processId == search.processId && IsCadView(window)) {
+        search.result = window;
+    }
+    return search.result == nullptr;
+}
+
+} // namespace
+
+bool IsCadTree(HWND window) {
+    return AnswersProbe(window, hlWM_REQUEST_CAD_TREE_INFORMATION);
+}
+
+bool IsGroupCombo(HWND window) {
+    return dkGroupComboHelpers::check_combo_type(window);
+}
+
+HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags) {
+    constexpr std::uint32_t kHonoured = engine::kAnyDescendant | engine::kIncludeHidden | engine::kIgnoreId;
+    engine::WindowCriteria criteria;
+    criteria.flags =
+        (flags & kHonoured) | engine::kIgnoreCaption | engine::kIgnoreClass | engine::kIgnoreStyle;
+    engine::WantId(criteria, id);
+    criteria.customTest = IsGrid;
+    return FindBelow(from, criteria);
+}
+
+HWND FindCadView(HWND from) {
+    CadViewSearch search = {};
+    if (from == nullptr || GetWindowThreadProcessId(from, &search.processId) == 0) {
+        return nullptr;
+    }
+    EnumChildWindows(from, VisitForCadView, reinterpret_cast<LPARAM>(&search));
+    if (search.result == nullptr) {
+        EnumWindows(VisitForCadView, reinterpret_cast<LPARAM>(&search));
+    }
+    return search.result;
+}
+
+HWND FindRibbonWidget(HWND from, std::string_view name, std::int64_t id, std::uint32_t flags) {
+    engine::WindowCriteria criteria;
+    criteria.flags = flags | engine::kIgnoreStyle;
+    engine::WantCaption(criteria, name);
+    engine::WantClass(criteria, "Static");
+    engine::WantId(criteria, id);
+    criteria.customTest = IsRibbonWidget;
+    return FindBelow(from, criteria);
+}
+
+} // namespace controls
