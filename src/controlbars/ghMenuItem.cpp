@@ -1,0 +1,94 @@
+#include "controlbars/ghMenuItem.h"
+
+#include "controlbars/menu_item_info.h"
+#include "engine/synchronise.h"
+#include "inhouse/syncutil.h"
+#include "input/keyboard.h"
+#include "input/mouse.h"
+
+namespace {
+
+constexpr DWORD kKeyPause = 10; // milliseconds
+// A menu that is not open for so long has been closed, or will not open any more.
+constexpr ULONGLONG kLongestAbsence = 5000; // milliseconds
+
+} // namespace
+
+bool ghMenuItem::IsValid() const {
+    return m_menu.IsValid() && m_position >= 0 && m_position < m_menu.ItemsCount();
+}
+
+bool ghMenuItem::Enabled() const {
+    const auto item = controlbars::ReadMenuItem(m_menu.Menu(), m_position);
+    return item && (item->state & (MFS_GRAYED | MFS_DISABLED)) == 0;
+}
+
+bool ghMenuItem::Checked() const {
+    return HasState(MFS_CHECKED);
+}
+
+bool ghMenuItem::HasState(UINT state) const {
+    const auto item = controlbars::ReadMenuItem(m_menu.Menu(), m_position);
+    return item && (item->state & state) != 0;
+}
+
+void ghMenuItem::SetChecked(bool checked) {
+    if (Checked() != checked) {
+        Click(1, 1, 1);
+    } else {
+        m_menu.CloseMenu();
+    }
+}
+
+HMENU ghMenuItem::Submenu() const {
+    const auto item = controlbars::ReadMenuItem(m_menu.Menu(), m_position);
+    return item ? item->submenu : nullptr;
+}
+
+bool ghMenuItem::HasSubItems() const {
+    return Submenu() != nullptr;
+}
+
+std::unique_ptr<ghControlBar> ghMenuItem::Expand() {
+    Click(1, 1, 1);
+    return std::make_unique<ghMenu>(m_menu.Window(), Submenu());
+}
+
+void ghMenuItem::Click(int, int, int) {
+    int navigationKey = VK_DOWN;
+    if (m_menu.IsMainMenu()) {
+        EnterMenuBar();
+        navigationKey = VK_RIGHT;
+    }
+    if (WalkTo(navigationKey)) {
+        input::PressKey(m_menu, VK_RETURN, 0);
+        engine::Synchronise(m_menu);
+    }
+}
+
+void ghMenuItem::EnterMenuBar() const {
+    input::ParkCursor(m_menu, false);
+    input::PressMenuKey(m_menu);
+    engine::Synchronise(m_menu);
+}
+
+// Deliberately without a limit: an item of an open menu that the keys never reach keeps it walking. It ends
+// when the menu is gone or closed.
+bool ghMenuItem::WalkTo(int navigationKey) const {
+    ULONGLONG lastOpen = GetTickCount64();
+    while (const auto item = controlbars::ReadMenuItem(m_menu.Menu(), m_position)) {
+        if ((item->state & MFS_HILITE) != 0) {
+            return true;
+        }
+        const ULONGLONG now = GetTickCount64();
+        if (m_menu.IsOpen()) {
+            lastOpen = now;
+        }
+        if (now - lastOpen > kLongestAbsence || !IsWindow(m_menu.Window())) {
+            return false;
+        }
+        input::PressKey(m_menu, navigationKey, 0);
+        SafeWaitWithMessageLoop(0, nullptr, kKeyPause, TRUE, nullptr);
+    }
+    return false;
+}

@@ -1,0 +1,20 @@
+// A toolbar: a control of the system, or a bar or popup bar of the host's own kind.
+#pragma once
+
+#include "controlbars/ghControlBar.h"
+
+class ghToolbar : public ghControlBar {
+public:
+    // Takes the host's bar out of its customisation mode, every time an object is made from a window.
+    explicit ghToolbar(HWND window);
+
+    // A caption is looked for when no button has the id, or none (0) is given.
+    std::unique_ptr<ghControlBarItem> GetItemByID(const std::string& caption, int id) const override;
+    std::unique_ptr<ghControlBarItem> GetItem(int index) const override;
+    int ItemsCount() const override;
+    // Clicks the top-level window, which closes an open popup.
+    void CloseMenu() override;
+
+private:
+    int FindIndex(const std::string& caption, int id) const;
+};
