@@ -6,6 +6,7 @@
 #include "automation/message_parameters.h"
 #include "automation/navigation.h"
 #include "automation/wrap.h"
+#include "controlbars/context_menu.h"
 
 // Object is the final class, Interface its dual interface, Engine the kind of its window object, Bases the
 // window interfaces that Interface derives from.
@@ -127,8 +128,11 @@ public:
                                                                   "TreeControl", id, flags);
         });
     }
-    HRESULT STDMETHODCALLTYPE CADTree(LONG, LONG, LONG, ITreeControl** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE CADTree(LONG id, LONG flags, LONG timeout, ITreeControl** result) override {
+        return this->Navigate(result, timeout, [&] {
+            return automation::navigation::Control<ghCADTree>(automation::navigation::kCadTree,
+                                                              "CADTreeControl", id, flags);
+        });
     }
     HRESULT STDMETHODCALLTYPE OptionTree(LONG id, LONG flags, LONG timeout, IOptionTree** result) override {
         return this->Navigate(result, timeout, [&] {
@@ -181,33 +185,44 @@ public:
                                                                  flags);
         });
     }
-    HRESULT STDMETHODCALLTYPE Toolbar(BSTR, LONG, LONG, LONG, IControlBar** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE Toolbar(BSTR caption, LONG id, LONG flags, LONG timeout,
+                                      IControlBar** result) override {
+        return this->Navigate(result, timeout, [&] {
+            return automation::navigation::Toolbar(automation::ToAnsi(caption), id, flags);
+        });
     }
-    HRESULT STDMETHODCALLTYPE MainMenu(LONG, IControlBar** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE MainMenu(LONG timeout, IControlBar** result) override {
+        return this->Navigate(result, timeout, [&] { return automation::navigation::MainMenu(); });
     }
-    HRESULT STDMETHODCALLTYPE ContextMenu(LONG, LONG, IControlBar** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE ContextMenu(LONG x, LONG y, IControlBar** result) override {
+        *result = nullptr;
+        return this->Run([&](const auto& window) {
+            return automation::Wrap(controlbars::OpenContextMenu(window, x, y), result);
+        });
     }
-    HRESULT STDMETHODCALLTYPE CurrentContextMenu(LONG, IControlBar** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE CurrentContextMenu(LONG timeout, IControlBar** result) override {
+        return this->Navigate(result, timeout, [&] { return automation::navigation::CurrentContextMenu(); });
     }
-    HRESULT STDMETHODCALLTYPE GXGrid(LONG, LONG, LONG, IGXGrid** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE GXGrid(LONG id, LONG flags, LONG timeout, IGXGrid** result) override {
+        return this->Navigate(result, timeout, [&] { return automation::navigation::GXGrid(id, flags); });
     }
-    HRESULT STDMETHODCALLTYPE CADView(LONG, ICADView** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE CADView(LONG timeout, ICADView** result) override {
+        return this->Navigate(result, timeout, [&] { return automation::navigation::CADView(); });
     }
-    HRESULT STDMETHODCALLTYPE GroupCombo(LONG, LONG, LONG, IGroupCombo** result) override {
+    HRESULT STDMETHODCALLTYPE GroupCombo(LONG id, LONG flags, LONG timeout, IGroupCombo** result) override {
         if (result == nullptr) {
             return E_POINTER;
         }
-        return this->NotImplemented(result);
+        return this->Navigate(result, timeout, [&] {
+            return automation::navigation::Control<ghGroupCombo>(automation::navigation::kGroupCombo,
+                                                                 "GroupCombo", id, flags);
+        });
     }
-    HRESULT STDMETHODCALLTYPE RibCustomisationWidget(BSTR, LONG, LONG, LONG,
+    HRESULT STDMETHODCALLTYPE RibCustomisationWidget(BSTR name, LONG id, LONG flags, LONG timeout,
                                                      IRibCustomisationWidget** result) override {
-        return this->NotImplemented(result);
+        return this->Navigate(result, timeout, [&] {
+            return automation::navigation::RibCustomisationWidget(automation::ToAnsi(name), id, flags);
+        });
     }
     HRESULT STDMETHODCALLTYPE WindowByID(BSTR sid, LONG timeout, IBaseWindow** result) override {
         return this->Navigate(result, timeout, [&] {

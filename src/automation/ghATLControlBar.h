@@ -9,12 +9,14 @@ class ghATLControlBar final
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE GetItem(int, LONG, LONG, IControlBarItem** result) override {
-        return NotImplemented(result);
+    // The flags of both are accepted and ignored.
+    HRESULT STDMETHODCALLTYPE GetItem(int index, LONG, LONG timeout, IControlBarItem** result) override;
+    HRESULT STDMETHODCALLTYPE GetItemByID(BSTR caption, int id, LONG, LONG timeout,
+                                          IControlBarItem** result) override;
+    HRESULT STDMETHODCALLTYPE get_ItemsCount(int* result) override {
+        return Get(result, [](const auto& bar) { return bar.ItemsCount(); });
     }
-    HRESULT STDMETHODCALLTYPE GetItemByID(BSTR, int, LONG, LONG, IControlBarItem** result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE CloseMenu() override {
+        return Run([](auto& bar) { bar.CloseMenu(); });
     }
-    HRESULT STDMETHODCALLTYPE get_ItemsCount(int* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE CloseMenu() override { return E_NOTIMPL; }
 };

@@ -9,11 +9,20 @@ class ghATLControlBarItem final
 public:
     using AutomationObject::AutomationObject;
 
-    HRESULT STDMETHODCALLTYPE Click(LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_Checked(VARIANT_BOOL* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_Checked(VARIANT_BOOL) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE Expand(IControlBar** result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE get_EnabledTimeout(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_EnabledTimeout(LONG) override { return E_NOTIMPL; }
+    // E_FAIL when the item stays disabled.
+    HRESULT STDMETHODCALLTYPE Click(LONG button, LONG x, LONG y) override;
+    HRESULT STDMETHODCALLTYPE get_Checked(VARIANT_BOOL* result) override {
+        return Get(result, [](const auto& item) { return item.Checked(); });
+    }
+    HRESULT STDMETHODCALLTYPE put_Checked(VARIANT_BOOL value) override;
+    HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* result) override {
+        return Get(result, [](const auto& item) { return item.Enabled(); });
+    }
+    HRESULT STDMETHODCALLTYPE Expand(IControlBar** result) override;
+    HRESULT STDMETHODCALLTYPE get_EnabledTimeout(LONG* result) override {
+        return Get(result, [](const auto& item) { return item.EnabledTimeout(); });
+    }
+    HRESULT STDMETHODCALLTYPE put_EnabledTimeout(LONG value) override {
+        return Run([&](auto& item) { item.SetEnabledTimeout(value); });
+    }
 };

@@ -1,5 +1,8 @@
 #include "automation/navigation.h"
 
+#include "controlbars/context_menu.h"
+#include "controlbars/ghMenu.h"
+#include "controlbars/ghToolbar.h"
 #include "engine/ghSharedUtils.h"
 
 namespace automation::navigation {
@@ -81,6 +84,54 @@ Navigation<ghTabControl> TabControl(int id, int flags) {
                 return Found<ghTabControl>(engine::FindTabControl(from.Window(), id, ToFlags(flags)));
             },
             Format("Failed to wait for TabControl(%d).", id)};
+}
+
+Navigation<ghGXGrid> GXGrid(int id, int flags) {
+    return {[=](const ghBaseWindow& from) {
+                return Found<ghGXGrid>(controls::FindGrid(from.Window(), id, ToFlags(flags)));
+            },
+            Format("Failed to wait for GXGrid(%d).", id)};
+}
+
+Navigation<ghCADView> CADView() {
+    return {[](const ghBaseWindow& from) { return Found<ghCADView>(controls::FindCadView(from.Window())); },
+            "Failed to wait for CADView."};
+}
+
+Navigation<ghRibCustomiser> RibCustomisationWidget(std::string name, int id, int flags) {
+    std::string message = Format("Failed to wait for RibCustomisationWidget(%s, %d).", name.c_str(), id);
+    return {[=](const ghBaseWindow& from) {
+                return Found<ghRibCustomiser>(
+                    controls::FindRibbonWidget(from.Window(), name, id, ToFlags(flags)));
+            },
+            std::move(message)};
+}
+
+Navigation<ghControlBar> Toolbar(std::string caption, int id, int flags) {
+    std::string message = Format("Failed to wait for Toolbar('%s', %d).", caption.c_str(), id);
+    return {[=](const ghBaseWindow& from) -> std::unique_ptr<ghControlBar> {
+                // A toolbar of the system before one of the host's own kinds.
+                for (const char* className : {"ToolbarWindow32", "BCGToolBar", "BCGPToolBar"}) {
+                    if (const HWND found =
+                            engine::FindChildWindow(from.Window(), caption, className, id, ToFlags(flags))) {
+                        return Found<ghToolbar>(found);
+                    }
+                }
+                return nullptr;
+            },
+            std::move(message)};
+}
+
+Navigation<ghControlBar> MainMenu() {
+    return {[](const ghBaseWindow& from) -> std::unique_ptr<ghControlBar> {
+                auto menu = std::make_unique<ghMenu>(from.Window());
+                return menu->IsValid() ? std::move(menu) : nullptr;
+            },
+            "Failed to wait for main menu."};
+}
+
+Navigation<ghControlBar> CurrentContextMenu() {
+    return {controlbars::FindCurrentContextMenu, "Failed to wait for current context menu."};
 }
 
 } // namespace automation::navigation

@@ -20,6 +20,7 @@
 #include "controls/ghRibCustomiser.h"
 #include "controls/ghTabControl.h"
 #include "controls/ghTrackBar.h"
+#include "controls/host_control_search.h"
 #include "engine/diagnostics.h"
 #include "engine/navigation.h"
 #include "engine/wait_loop.h"
@@ -43,6 +44,8 @@ std::unique_ptr<Target> WaitForTarget(const ghBaseWindow& from, int timeoutSecon
 
 namespace navigation {
 
+using controls::kCadTree;
+using controls::kGroupCombo;
 using engine::kComboBox;
 using engine::kEdit;
 using engine::kListBox;
@@ -86,6 +89,12 @@ Navigation<ghBaseWindow> ChildDialogByControl(std::string caption, int id, bool 
 Navigation<ghBaseWindow> Button(std::string caption, int id, int flags);
 Navigation<ghCheckBox> CheckBox(std::string caption, int id, int flags);
 Navigation<ghTabControl> TabControl(int id, int flags);
+Navigation<ghGXGrid> GXGrid(int id, int flags);
+Navigation<ghCADView> CADView();
+Navigation<ghRibCustomiser> RibCustomisationWidget(std::string name, int id, int flags);
+Navigation<ghControlBar> Toolbar(std::string caption, int id, int flags);
+Navigation<ghControlBar> MainMenu();
+Navigation<ghControlBar> CurrentContextMenu();
 
 } // namespace navigation
 } // namespace automation
