@@ -1,0 +1,55 @@
+// What a message with a parameter block costs, against a plain message and against the usual technique.
+
+#include "bench.h"
+
+#include "hostlink/module_instance.h"
+#include "hostlink/remote_send.h"
+#include "support/sample_host.h"
+
+#include <array>
+#include <cstring>
+
+namespace {
+
+// Memory of the host, as tools that allocate there use it.
+class HostMemory {
+public:
+    HostMemory(HANDLE process, std::size_t size)
+        : m_process(process),
+          m_address(VirtualAllocEx(process, nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE)) {}
+    ~HostMemory() { VirtualFreeEx(m_process, m_address, 0, MEM_RELEASE); }
+    HostMemory(const HostMemory&) = delete;
+    HostMemory& operator=(const HostMemory&) = delete;
+
+    void* Address() const { return m_address; }
+
+private:
+    HANDLE m_process;
+    void* m_address;
+};
+
+void Measure(bench::Report& report) {
+    const support::SampleHost host;
+    const hostlink::HostWindow target = {host.Frame(), host.ThreadId()};
+    const HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, host.ProcessId());
+    std::array<std::byte, 64> block = {};
+
+    const bench::Contender remoteSend = {"remote send of 64 bytes",
+                                         [&] { hostlink::RemoteSend(target, WM_NULL, 0, block); }};
+    const bench::Contender plain = {"plain SendMessageA(WM_NULL)",
+                                    [&] { SendMessageA(target.window, WM_NULL, 0, 0); }};
+    const bench::Contender hostMemory = {
+        "allocate, write, send, read", [&] {
+            const HostMemory memory(process, block.size());
+            WriteProcessMemory(process, memory.Address(), block.data(), block.size(), nullptr);
+            SendMessageA(target.window, WM_NULL, 0, reinterpret_cast<LPARAM>(memory.Address()));
+            ReadProcessMemory(process, memory.Address(), block.data(), block.size(), nullptr);
+        }};
+    report.Compare(remoteSend, plain, {.aim = 2.0, .rounds = 1001});
+    report.Compare(remoteSend, hostMemory, {.aim = 0.6, .rounds = 1001});
+    CloseHandle(process);
+}
+
+const bench::Registration kRemoteSend("remote send", Measure);
+
+} // namespace
