@@ -7,7 +7,7 @@
 #include "support/sample_host.h"
 
 #include <array>
-#include <cstring>
+#include <stdexcept>
 
 namespace {
 
@@ -33,6 +33,9 @@ void Measure(bench::Report& report) {
     const hostlink::HostWindow target = {host.Frame(), host.ThreadId()};
     const HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, host.ProcessId());
     std::array<std::byte, 64> block = {};
+    if (hostlink::RemoteSend(target, WM_GETTEXTLENGTH, 0, block) == 0) {
+        throw std::runtime_error("remote send does not reach the sample host");
+    }
 
     const bench::Contender remoteSend = {"remote send of 64 bytes",
                                          [&] { hostlink::RemoteSend(target, WM_NULL, 0, block); }};
