@@ -23,8 +23,8 @@ ScopedHook::~ScopedHook() {
 }
 
 OneShotHook::~OneShotHook() {
-    if (m_published != FromHandle(m_handle)) {
-        m_handle = nullptr;
+    if (m_published == 0) {
+        m_handle = nullptr; // it has fired and is gone
     }
 }
 

@@ -29,7 +29,7 @@ void CopyHostText(std::uint64_t address, std::span<char> buffer) noexcept {
         const auto toPageEnd = static_cast<std::size_t>(kPageSize - (address + length) % kPageSize);
         const std::size_t chunk = std::min(buffer.size() - length, toPageEnd);
         if (!TryRead(address + length, buffer.data() + length, chunk)) {
-            buffer[0] = '\0'; // no terminator before unreadable memory: not a text
+            buffer[length] = '\0';
             return;
         }
         if (std::memchr(buffer.data() + length, '\0', chunk) != nullptr) {

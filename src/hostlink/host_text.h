@@ -9,7 +9,7 @@
 namespace hostlink {
 
 // Copies the NUL-terminated text at `address` of this process into `buffer`, cut to its size and always
-// terminated. The text is read only as far as memory is readable: an unreadable one counts as empty.
+// terminated. The text is read only as far as memory is readable.
 void CopyHostText(std::uint64_t address, std::span<char> buffer) noexcept;
 
 // The length in bytes to which an ANSI text must be cut to take no more than `limit` bytes without

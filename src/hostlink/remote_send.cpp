@@ -20,6 +20,10 @@ struct StringDescriptor {
 constexpr std::size_t kDescriptorSize = 12; // without the structure's padding
 static_assert(offsetof(StringDescriptor, capacity) == 8);
 
+bool HasRoomForDescriptor(std::uint64_t offset) noexcept {
+    return offset <= kRemoteDataSize - kDescriptorSize;
+}
+
 // Sends the request that stands in the shared section, which any process can write: a target that is
 // not the window of the exchange is ignored.
 void SendRequest(HWND window) noexcept {
@@ -49,7 +53,8 @@ LRESULT CALLBACK RemoteSendWithStringProcedure(int code, WPARAM wParam, LPARAM l
     }
     RemoveFiredHook(shared.remoteHook);
     const std::uint64_t offset = shared.remoteStringOffset;
-    if (offset > kRemoteDataSize - kDescriptorSize) {
+    if (!HasRoomForDescriptor(offset)) {
+        shared.remoteString[0] = '\0';
         return 0;
     }
     shared.remoteString[kRemoteStringSize - 1] = '\0';
@@ -111,7 +116,8 @@ LRESULT RemoteSend(const HostWindow& target, UINT message, WPARAM wParam, std::s
 
 LRESULT RemoteSendWithString(const HostWindow& target, UINT message, WPARAM wParam,
                              std::span<std::byte> block, std::size_t stringOffset, std::string& text) {
-    if (block.size() > kRemoteDataSize) {
+    if (block.size() > kRemoteDataSize || !HasRoomForDescriptor(stringOffset)) {
+        text.clear();
         return 0;
     }
     PublishRequest(target.window, message, wParam, block);

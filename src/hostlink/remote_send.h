@@ -16,8 +16,9 @@ namespace hostlink {
 LRESULT RemoteSend(const HostWindow& target, UINT message, WPARAM wParam, std::span<std::byte> block = {});
 
 // The same with a text in and out. The host finds at `stringOffset` of the block a 64-bit pointer to the
-// text and its 32-bit capacity, 1024. `text` is cut at 1023 bytes on its way in; on return it holds what
-// the host wrote there or the text at the pointer that it put in place.
+// text and its 32-bit capacity, 1024; an offset that leaves no room for them within 1024 bytes is refused.
+// `text` is cut at 1023 bytes on its way in; on return it holds what the host wrote there or the text at the
+// pointer that it put in place, nothing after a failure.
 LRESULT RemoteSendWithString(const HostWindow& target, UINT message, WPARAM wParam,
                              std::span<std::byte> block, std::size_t stringOffset, std::string& text);
 
