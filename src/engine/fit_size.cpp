@@ -36,18 +36,21 @@ void PostSystemCommand(const ghBaseWindow& window, HWND receiver, WPARAM command
 }
 
 // Maximises the windows in between, so that they follow the top-level window's size, and restores a
-// maximised top-level window.
+// maximised top-level window. The walk ends there: a dialog's owner does not give the dialog its size.
 Ancestry PrepareAncestors(const ghBaseWindow& window) {
     Ancestry ancestry;
     HWND below = nullptr;
-    for (HWND current = window.Window(); current != nullptr; current = GetParent(current)) {
+    for (HWND current = window.Window(); current != nullptr && ancestry.topLevel == nullptr;
+         current = GetParent(current)) {
         const DWORD style = hostlink::WindowStyle(current);
-        if ((style & WS_CHILD) != 0) {
-            if ((style & (WS_MAXIMIZE | WS_MAXIMIZEBOX)) == WS_MAXIMIZEBOX) {
-                PostSystemCommand(window, current, SC_MAXIMIZE);
+        if ((style & WS_CHILD) == 0) {
+            ancestry.topLevel = current;
+            if ((style & WS_MAXIMIZE) != 0) {
+                PostSystemCommand(window, current, SC_RESTORE);
             }
-        } else if ((style & WS_MAXIMIZE) != 0) {
-            PostSystemCommand(window, current, SC_RESTORE);
+        } else if ((style & (WS_MAXIMIZE | WS_MAXIMIZEBOX)) == WS_MAXIMIZEBOX) {
+            // In a control the same bit is WS_TABSTOP; a control leaves the command alone or follows it.
+            PostSystemCommand(window, current, SC_MAXIMIZE);
         }
         if (below != nullptr &&
             hostlink::WindowClass(current).Name().find("AfxMDIFrame") != std::string_view::npos) {
@@ -55,7 +58,6 @@ Ancestry PrepareAncestors(const ghBaseWindow& window) {
             ancestry.touchingEdges = TouchingEdges(WindowRectangle(current), WindowRectangle(below));
         }
         below = current;
-        ancestry.topLevel = current;
     }
     return ancestry;
 }

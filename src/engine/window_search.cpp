@@ -46,9 +46,8 @@ private:
         if (m_describes) {
             Describe(window);
         }
-        // With a match at hand and no count to keep, nothing can change any more.
-        const bool decided = m_criteria.result != nullptr && Occurrence() == 0;
-        if (!decided && Matches(window) && IsWantedOccurrence()) {
+        // The wanted occurrence comes only once: with it at hand the other windows need no test.
+        if (m_criteria.result == nullptr && Matches(window) && IsWantedOccurrence()) {
             m_criteria.result = window;
         }
     }
@@ -104,7 +103,7 @@ private:
 
     bool IsWantedOccurrence() noexcept {
         if (Occurrence() == 0) {
-            return m_criteria.result == nullptr;
+            return true;
         }
         ++m_criteria.matchCount;
         return m_criteria.matchCount == Occurrence();
