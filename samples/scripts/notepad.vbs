@@ -13,7 +13,7 @@ Sub Main()
     Dim ghosthand, notepad, edit, dialog, text
 
     Set ghosthand = CreateObject("Ghosthand.Ghosthand")
-    Set notepad = ghosthand.MainWindow("notepad")
+    Set notepad = ghosthand.MainWindow("notepad", "", "", 0, 60) ' a busy machine may need a while to start it
     If notepad Is Nothing Then Fail "Notepad's main window was not found"
     WScript.Echo "Main window:    """ & notepad.Text & """"
 

@@ -16,7 +16,7 @@ Sub Main()
     Dim ghosthand, host, document, edit, dialog, text
 
     Set ghosthand = CreateObject("Ghosthand.Ghosthand")
-    Set host = ghosthand.MainWindow("sample_host")
+    Set host = ghosthand.MainWindow("sample_host", "", "", 0, 60) ' a busy machine may need a while to start it
     If host Is Nothing Then Fail "the sample host's main window was not found"
     WScript.Echo "Main window:    """ & host.Text & """"
     WScript.Echo "Position:       " & host.Left & ", " & host.Top

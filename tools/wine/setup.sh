@@ -9,7 +9,7 @@ packages=(
     cmake ninja-build g++ googletest            # building
     g++-mingw-w64-x86-64 mingw-w64-tools        # ... for Windows
     wine wine64 wine64-tools libwine-dev        # running what was built, and Windows' own interfaces
-    fonts-wine fonts-liberation                 # what it writes with, and the symbols on title bars
+    fonts-liberation                            # what they write with
     xvfb imagemagick                            # a desktop without a screen, and pictures of it
 )
 
