@@ -8,11 +8,20 @@ class ghATLGXGrid final : public ghATLBaseWindowImpl<ghATLGXGrid, IGXGrid, ghGXG
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE get_RowsCount(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE get_ColumnsCount(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE GetText(LONG, LONG, BSTR* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE SetText(LONG, LONG, BSTR) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_IsReadOnly(LONG, LONG, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE get_RowsCount(LONG* result) override {
+        return Get(result, [](const auto& grid) { return grid.RowsCount(); });
+    }
+    HRESULT STDMETHODCALLTYPE get_ColumnsCount(LONG* result) override {
+        return Get(result, [](const auto& grid) { return grid.ColumnsCount(); });
+    }
+    HRESULT STDMETHODCALLTYPE GetText(LONG row, LONG column, BSTR* result) override {
+        return Get(result, [&](const auto& grid) { return grid.CellText(row, column); });
+    }
+    // Deliberately silent about a cell out of range and the host's refusal.
+    HRESULT STDMETHODCALLTYPE SetText(LONG row, LONG column, BSTR text) override {
+        return Run([&](const auto& grid) { grid.SetCellText(row, column, automation::ToAnsi(text)); });
+    }
+    HRESULT STDMETHODCALLTYPE get_IsReadOnly(LONG row, LONG column, VARIANT_BOOL* result) override {
+        return Get(result, [&](const auto& grid) { return grid.IsReadOnly(row, column); });
     }
 };

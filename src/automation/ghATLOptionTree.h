@@ -9,8 +9,14 @@ class ghATLOptionTree final
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE GetItemByPath(BSTR, IOptionTreeItem** result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE GetItemByPath(BSTR path, IOptionTreeItem** result) override {
+        *result = nullptr;
+        return Run([&](const auto& tree) {
+            return automation::Wrap(tree.ItemByPath(automation::ToAnsi(path)), result);
+        });
     }
-    HRESULT STDMETHODCALLTYPE get_Root(IOptionTreeItem** result) override { return NotImplemented(result); }
+    HRESULT STDMETHODCALLTYPE get_Root(IOptionTreeItem** result) override {
+        *result = nullptr;
+        return Run([&](const auto& tree) { return automation::Wrap(tree.RootItem(), result); });
+    }
 };

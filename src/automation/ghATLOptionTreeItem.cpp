@@ -5,8 +5,10 @@
 
 namespace automation {
 
-HRESULT Wrap(std::unique_ptr<ghOptionTree> engine, IOptionTreeItem** object) noexcept {
-    return WrapInto<ghATLOptionTreeItem>(std::move(engine), object);
+HRESULT Wrap(const ghOptionTree& item, IOptionTreeItem** object) {
+    // A window alone makes a tree valid; an item needs its identifier too.
+    return WrapInto<ghATLOptionTreeItem>(item.IsValidItem() ? std::make_unique<ghOptionTree>(item) : nullptr,
+                                         object);
 }
 
 } // namespace automation

@@ -10,6 +10,12 @@ class ghATLRibCustomisationWidget final
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE get_Selected(BSTR* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_Selected(BSTR) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE get_Selected(BSTR* result) override {
+        return Get(result, [](const auto& widget) { return widget.Selected(); });
+    }
+    // S_FALSE, no error, for a form that the host did not select.
+    HRESULT STDMETHODCALLTYPE put_Selected(BSTR value) override {
+        return Run(
+            [&](const auto& widget) { return widget.Select(automation::ToAnsi(value)) ? S_OK : S_FALSE; });
+    }
 };

@@ -41,12 +41,13 @@ HRESULT Wrap(std::unique_ptr<ghListBox> engine, IListBox** object) noexcept;
 HRESULT Wrap(std::unique_ptr<ghListView> engine, IListView** object) noexcept;
 HRESULT Wrap(std::unique_ptr<ghOpenSaveDialog> engine, IOpenSaveDialog** object) noexcept;
 HRESULT Wrap(std::unique_ptr<ghOptionTree> engine, IOptionTree** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghOptionTree> engine, IOptionTreeItem** object) noexcept;
 HRESULT Wrap(std::unique_ptr<ghRibCustomiser> engine, IRibCustomisationWidget** object) noexcept;
 HRESULT Wrap(std::unique_ptr<ghTabControl> engine, ITabControl** object) noexcept;
 HRESULT Wrap(std::unique_ptr<ghTrackBar> engine, ITrackBar** object) noexcept;
 HRESULT Wrap(std::unique_ptr<ghTreeControl> engine, ITreeControl** object) noexcept;
 // An item of a CAD tree becomes a CAD tree item, which answers for ITreeItem too.
 HRESULT Wrap(std::unique_ptr<ghTreeItem> engine, ITreeItem** object) noexcept;
+// Takes a copy. An option tree that stands for no item gives S_FALSE and a null object.
+HRESULT Wrap(const ghOptionTree& item, IOptionTreeItem** object);
 
 } // namespace automation
