@@ -1,0 +1,38 @@
+// Finding an item of a list by its name, and the test whether an index is one of a list's. A list is a
+// window with ItemsCount() and GetItem(index), which is empty for an index out of range.
+#pragma once
+
+#include <string_view>
+
+#include "engine/activation.h"
+#include "engine/prefix_match.h"
+
+namespace controls {
+
+// Asks for the count afresh.
+template <class List>
+bool HasItem(const List& list, int index) {
+    return index >= 0 && index < list.ItemsCount();
+}
+
+// The index of the first item whose text begins with the name, -1 if there is none.
+template <class List>
+int FirstItemWithPrefix(const List& list, std::string_view name) {
+    const int count = list.ItemsCount();
+    for (int index = 0; index < count; ++index) {
+        // An item that has gone meanwhile reads as empty.
+        if (engine::StartsWith(list.GetItem(index), name)) {
+            return index;
+        }
+    }
+    return -1;
+}
+
+// The same, after activating the list.
+template <class List>
+int FindItemByPrefix(const List& list, std::string_view name) {
+    engine::Activate(list);
+    return FirstItemWithPrefix(list, name);
+}
+
+} // namespace controls
