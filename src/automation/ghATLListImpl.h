@@ -8,25 +8,35 @@ class ghATLListImpl : public ghATLBaseWindowImpl<Object, Interface, Engine, Base
 public:
     using ghATLBaseWindowImpl<Object, Interface, Engine, Bases...>::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE SelectItem(LONG, VARIANT_BOOL* result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItem(LONG index, VARIANT_BOOL* result) override {
+        return this->Get(result, [&](auto& list) { return list.SelectItem(index); });
     }
-    HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR, VARIANT_BOOL* result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR name, VARIANT_BOOL* result) override {
+        return this->Get(result, [&](auto& list) { return list.SelectItemByName(automation::ToAnsi(name)); });
     }
-    HRESULT STDMETHODCALLTYPE UnselectItem(LONG, VARIANT_BOOL* result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE UnselectItem(LONG index, VARIANT_BOOL* result) override {
+        return this->Get(result, [&](auto& list) { return list.UnselectItem(index); });
     }
-    HRESULT STDMETHODCALLTYPE UnselectItemByName(BSTR, VARIANT_BOOL* result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE UnselectItemByName(BSTR name, VARIANT_BOOL* result) override {
+        return this->Get(result,
+                         [&](auto& list) { return list.UnselectItemByName(automation::ToAnsi(name)); });
     }
-    HRESULT STDMETHODCALLTYPE get_ItemsCount(LONG* result) override { return this->NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE GetItem(LONG, BSTR* result) override { return this->NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE get_SelectedItem(LONG* result) override { return this->NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE IsSelected(LONG, VARIANT_BOOL* result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE get_ItemsCount(LONG* result) override {
+        return this->Get(result, [](const auto& list) { return list.ItemsCount(); });
     }
-    HRESULT STDMETHODCALLTYPE ContextMenu(VARIANT_BOOL, IControlBar** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE GetItem(LONG index, BSTR* result) override {
+        return this->Get(result, [&](const auto& list) { return list.GetItem(index); });
+    }
+    HRESULT STDMETHODCALLTYPE get_SelectedItem(LONG* result) override {
+        return this->Get(result, [](const auto& list) { return list.SelectedItem(); });
+    }
+    HRESULT STDMETHODCALLTYPE IsSelected(LONG index, VARIANT_BOOL* result) override {
+        return this->Get(result, [&](const auto& list) { return list.IsSelected(index); });
+    }
+    HRESULT STDMETHODCALLTYPE ContextMenu(VARIANT_BOOL selected, IControlBar** result) override {
+        *result = nullptr;
+        return this->Run([&](auto& list) {
+            return automation::Wrap(list.ContextMenu(automation::ToBool(selected)), result);
+        });
     }
 };

@@ -9,27 +9,31 @@ class ghATLListView final
 public:
     using ghATLListImpl::ghATLListImpl;
 
-    HRESULT STDMETHODCALLTYPE AddToSelection(LONG, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE AddToSelection(LONG index, VARIANT_BOOL* result) override {
+        return Get(result, [&](auto& list) { return list.AddToSelection(index); });
     }
-    HRESULT STDMETHODCALLTYPE AddToSelectionByName(BSTR, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE AddToSelectionByName(BSTR name, VARIANT_BOOL* result) override {
+        return Get(result, [&](auto& list) { return list.AddToSelectionByName(automation::ToAnsi(name)); });
     }
-    HRESULT STDMETHODCALLTYPE Select() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetSubItem(LONG, LONG, BSTR* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE CheckItem(LONG, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE Select() override {
+        return Run([](auto& list) { list.Select(); });
     }
-    HRESULT STDMETHODCALLTYPE CheckItemByName(BSTR, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE GetSubItem(LONG index, LONG column, BSTR* result) override {
+        return Get(result, [&](const auto& list) { return list.GetSubItem(index, column); });
     }
-    HRESULT STDMETHODCALLTYPE UncheckItem(LONG, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE CheckItem(LONG index, VARIANT_BOOL* result) override {
+        return Get(result, [&](auto& list) { return list.CheckItem(index); });
     }
-    HRESULT STDMETHODCALLTYPE UncheckItemByName(BSTR, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE CheckItemByName(BSTR name, VARIANT_BOOL* result) override {
+        return Get(result, [&](auto& list) { return list.CheckItemByName(automation::ToAnsi(name)); });
     }
-    HRESULT STDMETHODCALLTYPE IsChecked(LONG, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE UncheckItem(LONG index, VARIANT_BOOL* result) override {
+        return Get(result, [&](auto& list) { return list.UncheckItem(index); });
+    }
+    HRESULT STDMETHODCALLTYPE UncheckItemByName(BSTR name, VARIANT_BOOL* result) override {
+        return Get(result, [&](auto& list) { return list.UncheckItemByName(automation::ToAnsi(name)); });
+    }
+    HRESULT STDMETHODCALLTYPE IsChecked(LONG index, VARIANT_BOOL* result) override {
+        return Get(result, [&](const auto& list) { return list.IsChecked(index); });
     }
 };

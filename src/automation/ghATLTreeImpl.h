@@ -2,34 +2,49 @@
 #pragma once
 
 #include "automation/ghATLBaseWindowImpl.h"
+#include "controls/ghTreeItem.h"
 
 template <class Object, class Engine>
 class ghATLTreeImpl : public ghATLBaseWindowImpl<Object, ITreeControl, Engine, IBaseWindow> {
 public:
     using ghATLBaseWindowImpl<Object, ITreeControl, Engine, IBaseWindow>::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE SelectItem(BSTR, VARIANT_BOOL* result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItem(BSTR path, VARIANT_BOOL* result) override {
+        return this->Get(result, [&](auto& tree) { return tree.SelectItem(automation::ToAnsi(path)); });
     }
-    HRESULT STDMETHODCALLTYPE SelectItemByNum(int, VARIANT_BOOL* result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItemByNum(int number, VARIANT_BOOL* result) override {
+        return this->Get(result, [&](auto& tree) { return tree.SelectItemByNum(number); });
     }
-    HRESULT STDMETHODCALLTYPE SelectItemByPath(BSTR, VARIANT_BOOL* result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItemByPath(BSTR path, VARIANT_BOOL* result) override {
+        if (result == nullptr) {
+            return E_FAIL; // alone among the three in testing it, and not with E_POINTER, on purpose
+        }
+        return this->Get(result, [&](auto& tree) { return tree.SelectItemByPath(automation::ToAnsi(path)); });
     }
-    HRESULT STDMETHODCALLTYPE ContextMenu(VARIANT_BOOL, IControlBar** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE ContextMenu(VARIANT_BOOL selected, IControlBar** result) override {
+        *result = nullptr;
+        return this->Run([&](auto& tree) {
+            return automation::Wrap(tree.ContextMenu(automation::ToBool(selected)), result);
+        });
     }
-    HRESULT STDMETHODCALLTYPE ItemByNumPath(BSTR, ITreeItem** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE ItemByNumPath(BSTR path, ITreeItem** result) override {
+        *result = nullptr;
+        return this->Run([&](const auto& tree) {
+            return automation::Wrap(tree.ItemByNumPath(automation::ToAnsi(path)), result);
+        });
     }
-    HRESULT STDMETHODCALLTYPE ItemByNum(int, ITreeItem** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE ItemByNum(int number, ITreeItem** result) override {
+        *result = nullptr;
+        return this->Run([&](const auto& tree) { return automation::Wrap(tree.ItemByNum(number), result); });
     }
-    HRESULT STDMETHODCALLTYPE ItemByPath(BSTR, ITreeItem** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE ItemByPath(BSTR path, ITreeItem** result) override {
+        *result = nullptr;
+        return this->Run([&](const auto& tree) {
+            return automation::Wrap(tree.ItemByPath(automation::ToAnsi(path)), result);
+        });
     }
     HRESULT STDMETHODCALLTYPE get_SelectedItem(ITreeItem** result) override {
-        return this->NotImplemented(result);
+        *result = nullptr;
+        return this->Run([&](const auto& tree) { return automation::Wrap(tree.SelectedItem(), result); });
     }
 };

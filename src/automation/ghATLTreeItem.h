@@ -1,19 +1,19 @@
 // The TreeItem class.
 #pragma once
 
-#include "automation/automation_object.h"
-#include "controls/ghTreeItem.h"
+#include "automation/ghATLTreeItemImpl.h"
 
-class ghATLTreeItem final : public automation::AutomationObject<ghATLTreeItem, ITreeItem, ghTreeItem> {
+class ghATLTreeItem final : public ghATLTreeItemImpl<ghATLTreeItem, ITreeItem, ghTreeItem> {
 public:
-    using AutomationObject::AutomationObject;
+    using ghATLTreeItemImpl::ghATLTreeItemImpl;
 
-    HRESULT STDMETHODCALLTYPE get_Selected(VARIANT_BOOL* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_Selected(VARIANT_BOOL) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_Expanded(VARIANT_BOOL* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_Expanded(VARIANT_BOOL) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE ContextMenu(IControlBar** result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_Text(BSTR) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_StateImage(LONG* result) override { return NotImplemented(result); }
+    HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) override {
+        return Get(result, [](const auto& item) { return item.Text(); });
+    }
+    HRESULT STDMETHODCALLTYPE put_Text(BSTR value) override {
+        return Run([&](auto& item) { item.SetText(automation::ToAnsi(value)); });
+    }
+    HRESULT STDMETHODCALLTYPE get_StateImage(LONG* result) override {
+        return Get(result, [](const auto& item) { return item.StateImage(); });
+    }
 };
