@@ -94,8 +94,8 @@ public:
     HRESULT STDMETHODCALLTYPE ActiveDocument(LONG timeout, IBaseWindow** result) override {
         return this->Navigate(result, timeout, [&] { return automation::navigation::ActiveDocument(); });
     }
-    HRESULT STDMETHODCALLTYPE OpenSaveDialog(LONG, IOpenSaveDialog** result) override {
-        return this->NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE OpenSaveDialog(LONG timeout, IOpenSaveDialog** result) override {
+        return this->Navigate(result, timeout, [&] { return automation::navigation::OpenSaveDialog(); });
     }
     HRESULT STDMETHODCALLTYPE ChildWindow(BSTR caption, BSTR className, LONG id, LONG flags, LONG timeout,
                                           IBaseWindow** result) override {

@@ -8,11 +8,19 @@ class ghATLCheckBox final : public ghATLBaseWindowImpl<ghATLCheckBox, ICheckBox,
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE get_ThreeState(VARIANT_BOOL* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE get_Checked(VARIANT_BOOL* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_Checked(VARIANT_BOOL) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_CheckedState(ghCheckBoxState* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE get_ThreeState(VARIANT_BOOL* result) override {
+        return Get(result, [](const auto& box) { return box.ThreeState(); });
     }
-    HRESULT STDMETHODCALLTYPE put_CheckedState(ghCheckBoxState) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE get_Checked(VARIANT_BOOL* result) override {
+        return Get(result, [](const auto& box) { return box.Checked(); });
+    }
+    HRESULT STDMETHODCALLTYPE put_Checked(VARIANT_BOOL value) override {
+        return Run([&](const auto& box) { box.SetChecked(automation::ToBool(value)); });
+    }
+    HRESULT STDMETHODCALLTYPE get_CheckedState(ghCheckBoxState* result) override {
+        return Get(result, [](const auto& box) { return static_cast<ghCheckBoxState>(box.CheckedState()); });
+    }
+    HRESULT STDMETHODCALLTYPE put_CheckedState(ghCheckBoxState value) override {
+        return Run([&](const auto& box) { box.SetCheckedState(value); });
+    }
 };

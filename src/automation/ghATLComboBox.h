@@ -8,12 +8,17 @@ class ghATLComboBox final : public ghATLBaseWindowImpl<ghATLComboBox, IComboBox,
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE SelectItem(int, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItem(int index, VARIANT_BOOL* result) override {
+        return Get(result, [&](const auto& combo) { return combo.SelectItem(index); });
     }
-    HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR name, VARIANT_BOOL* result) override {
+        return Get(result,
+                   [&](const auto& combo) { return combo.SelectItemByName(automation::ToAnsi(name)); });
     }
-    HRESULT STDMETHODCALLTYPE GetItemCount(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE GetItem(LONG, BSTR* result) override { return NotImplemented(result); }
+    HRESULT STDMETHODCALLTYPE GetItemCount(LONG* result) override {
+        return Get(result, [](const auto& combo) { return combo.ItemsCount(); });
+    }
+    HRESULT STDMETHODCALLTYPE GetItem(LONG index, BSTR* result) override {
+        return Get(result, [&](const auto& combo) { return combo.GetItem(index); });
+    }
 };

@@ -9,16 +9,25 @@ class ghATLTabControl final
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE SelectItem(LONG, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItem(LONG index, VARIANT_BOOL* result) override {
+        return Get(result, [&](const auto& tabs) { return tabs.SelectItem(index); });
     }
-    HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR name, VARIANT_BOOL* result) override {
+        return Get(result, [&](const auto& tabs) { return tabs.SelectItemByName(automation::ToAnsi(name)); });
     }
-    HRESULT STDMETHODCALLTYPE get_ItemsCount(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE GetItem(LONG, BSTR* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE get_SelectedItem(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE ContextMenu(VARIANT_BOOL, IControlBar** result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE get_ItemsCount(LONG* result) override {
+        return Get(result, [](const auto& tabs) { return tabs.ItemsCount(); });
+    }
+    HRESULT STDMETHODCALLTYPE GetItem(LONG index, BSTR* result) override {
+        return Get(result, [&](const auto& tabs) { return tabs.GetItem(index); });
+    }
+    HRESULT STDMETHODCALLTYPE get_SelectedItem(LONG* result) override {
+        return Get(result, [](const auto& tabs) { return tabs.SelectedItem(); });
+    }
+    HRESULT STDMETHODCALLTYPE ContextMenu(VARIANT_BOOL selected, IControlBar** result) override {
+        *result = nullptr;
+        return Run([&](const auto& tabs) {
+            return automation::Wrap(tabs.ContextMenu(automation::ToBool(selected)), result);
+        });
     }
 };

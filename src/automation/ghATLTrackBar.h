@@ -8,8 +8,16 @@ class ghATLTrackBar final : public ghATLBaseWindowImpl<ghATLTrackBar, ITrackBar,
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE get_Pos(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_Pos(LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_Max(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE get_Min(LONG* result) override { return NotImplemented(result); }
+    HRESULT STDMETHODCALLTYPE get_Pos(LONG* result) override {
+        return Get(result, [](const auto& bar) { return bar.Pos(); });
+    }
+    HRESULT STDMETHODCALLTYPE put_Pos(LONG value) override {
+        return Run([&](const auto& bar) { bar.SetPos(value); });
+    }
+    HRESULT STDMETHODCALLTYPE get_Max(LONG* result) override {
+        return Get(result, [](const auto& bar) { return bar.Max(); });
+    }
+    HRESULT STDMETHODCALLTYPE get_Min(LONG* result) override {
+        return Get(result, [](const auto& bar) { return bar.Min(); });
+    }
 };

@@ -2,20 +2,14 @@
 #pragma once
 
 #include <new>
-#include <stdexcept>
+#include <exception>
 #include <type_traits>
 
 #include "automation/interfaces.h"
 
 namespace automation {
 
-// A failure that the caller reads as error information (Err.Description in a script).
-class AutomationError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
-// Makes `text` the calling thread's error information.
+// Makes `text` the calling thread's error information (Err.Description in a script).
 void SetErrorText(const char* text) noexcept;
 void ClearErrorText() noexcept;
 

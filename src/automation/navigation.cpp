@@ -31,6 +31,13 @@ Navigation<ghBaseWindow> ActiveDocument() {
             "Failed to wait for active document."};
 }
 
+Navigation<ghOpenSaveDialog> OpenSaveDialog() {
+    return {[](const ghBaseWindow& from) {
+                return Found<ghOpenSaveDialog>(controls::FindOpenSaveDialog(from.Window()));
+            },
+            "Failed to wait for Open-Save dialog."};
+}
+
 Navigation<ghBaseWindow> ChildWindow(std::string caption, std::string className, int id, int flags) {
     std::string message = className.empty()
                               ? Format("Failed to wait for ChildWindow('%s', %d).", caption.c_str(), id)

@@ -83,6 +83,7 @@ Navigation<Target> WindowByName(std::string name) {
 
 Navigation<ghBaseWindow> ActiveDialog();
 Navigation<ghBaseWindow> ActiveDocument();
+Navigation<ghOpenSaveDialog> OpenSaveDialog();
 Navigation<ghBaseWindow> ChildWindow(std::string caption, std::string className, int id, int flags);
 Navigation<ghBaseWindow> ChildDialog(std::string caption, int id, int flags);
 Navigation<ghBaseWindow> ChildDialogByControl(std::string caption, int id, bool visibleOnly);
