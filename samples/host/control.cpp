@@ -21,7 +21,9 @@ HWND AddControl(HWND parent, const ControlSpec& control) {
                         control.area.x, control.area.y, control.area.width, control.area.height, parent,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(control.id)), Instance(), nullptr);
     SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(DialogFont()), FALSE);
-    WatchBelow(parent);
+    if (control.behaviour)
+        SetWindowSubclass(window, control.behaviour, kBehaviourId, 0);
+    WatchBelow(parent); // last, so that the watch sees every message first
     return window;
 }
 

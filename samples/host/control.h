@@ -3,11 +3,15 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 namespace sample_host {
 
 struct Area {
     int x, y, width, height;
 };
+
+inline constexpr UINT_PTR kBehaviourId = 2;
 
 // In a dialog template the area is in dialog units, elsewhere in pixels.
 struct ControlSpec {
@@ -18,6 +22,9 @@ struct ControlSpec {
     Area area{};
     int id = 0;
     bool hidden = false;
+    // Gets the messages before the control's own class does, in AddControl only. Its subclass identifier is
+    // kBehaviourId.
+    SUBCLASSPROC behaviour = nullptr;
 };
 
 // A child of a watched window, in the font of dialogs, watched itself.

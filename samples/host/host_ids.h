@@ -9,7 +9,10 @@ inline constexpr char kFrameCaption[] = "Ghosthand Sample Host";
 inline constexpr char kDocumentClass[] = "SampleHostDocument";
 inline constexpr char kPageClass[] = "SampleHostPage";   // an MDI child that holds the controls of a page
 inline constexpr char kPanelClass[] = "SampleHostPanel"; // a child window with or without caption
-inline constexpr char kTreeClass[] = "SampleHostTree";   // the window of --many-children
+inline constexpr char kCadViewClass[] = "SampleHostView";
+inline constexpr char kGridClass[] = "SampleHostGrid";
+inline constexpr char kOptionTreeClass[] = "qvaOptionTree";
+inline constexpr char kTreeClass[] = "SampleHostTree"; // the window of --many-children
 
 // Commands: wParam of WM_COMMAND to the frame.
 enum Command : unsigned {
@@ -52,6 +55,12 @@ enum Command : unsigned {
     kPagePanels = 607,       // MDI page "Panels": child windows with captions
     kPageContextMenus = 608, // MDI page "Context menus": three areas with a context menu of each kind
     kPageManyItems = 609,    // MDI page "Many items": tool bar with 200 buttons, and a menu with 500 items
+    kPageCad = 610,          // MDI page "CAD": model tree, view, material and parameters
+    kPageOptions = 611,      // modeless dialog "Options" with an option tree
+    kPageRibbon = 612,       // modeless dialog "Customise ribbon"
+    kPageLargeData = 613,    // MDI page "Large data": a grid of 100 x 100 and a tree of 1000 options
+    kPageTrees = 630,        // MDI page "Trees": four tree views
+    kPageListViews = 631,    // MDI page "List views": four list views
     // Drawing commands, on the tool bars and in the context menus of the host's own kind.
     kDrawLine = 701,       // "Line"
     kDrawCircle = 702,     // "Circle"
@@ -71,8 +80,25 @@ enum Command : unsigned {
     kContextSnap = 723,       // "&Snap", toggles
     kContextOrderFront = 724, // "&Order" > "To &Front"
     kContextOrderBack = 725,  // "&Order" > "To &Back"
-    kFirstManyButton = 2000,  // "Button 0" and on, on the bar of 200 buttons
-    kFirstManyItem = 3000,    // "Item 0" and on, in the menu of 500 items
+    // Items of the context menus of the CAD page
+    kPartHide = 731,     // "&Hide part", disabled where no part is under the cursor
+    kPartsShowAll = 732, // "Show &all parts"
+    kCameraFront = 733,  // "&Front"
+    kCameraTop = 734,    // "&Top"
+    kCameraReset = 735,  // "&Reset"
+    kItemVisible = 736,  // "&Visible", toggles
+    kItemStarred = 737,  // "&Starred", toggles
+    kItemRed = 738,      // "&Red"
+    kItemGreen = 739,
+    kItemBlue = 740,
+    // Items of the context menus of trees and list views
+    kTreeRename = 751,       // "Rename <text of the item>"
+    kTreeDelete = 752,       // "Delete"
+    kTreeAddItem = 753,      // "Add item", below the items
+    kListOpen = 754,         // "Open <index of the item>"
+    kListAddItem = 755,      // "Add item", below the items
+    kFirstManyButton = 2000, // "Button 0" and on, on the bar of 200 buttons
+    kFirstManyItem = 3000,   // "Item 0" and on, in the menu of 500 items
     // &Window
     kWindowCascade = 401,
     kWindowTileHorizontally = 402,
@@ -116,6 +142,23 @@ enum Control : unsigned {
     kSystemMenuArea = 1087,       // panel: a right click opens a system menu
     kManyButtonsBar = 1088,       // "ToolbarWindow32" with 200 buttons
     kStatusBar = 1090,
+    kCadTree = 1100,         // model tree, a "SysTreeView32" that answers hlWM_REQUEST_CAD_TREE_INFORMATION
+    kCadView = 1101,         // view of the model
+    kMaterial = 1102,        // group combo: "Metals" and "Plastics"
+    kParameterGrid = 1103,   // grid: name, value, unit of each parameter
+    kPlainTree = 1104,       // "SysTreeView32" that answers no requests of the host
+    kOptionTree = 1110,      // "qvaOptionTree"
+    kRibbonWidget = 1120,    // "Static" with the caption "Ribbon forms"
+    kLargeGrid = 1130,       // grid of 100 x 100 cells, each with its row and column: "7,12"
+    kLargeOptionTree = 1131, // 10 groups "Group 0" and on, each with 100 items "Item 0" and on
+    kPartsTree = 1140,       // tree whose labels can be edited, all but "Locked", and not to "!..."
+    kFixedTree = 1141,       // the same items, no editing
+    kLazyTree = 1142,        // filled when expanded: "Assembly 1" > "Part 1" > "Feature 1"; each has three
+    kLargeTree = 1143,       // "Item 0" to "Item 9999", no branches
+    kPartsList = 1150,       // report mode, three columns, 40 rows
+    kLayersList = 1151,      // with check boxes
+    kSingleList = 1152,      // list mode, single selection
+    kLargeList = 1153,       // "Item 0" to "Item 9999"
     // --many-children N: descendants have the ids from kFirstOfMany on, the last one is an edit control.
     kFirstOfMany = 10000,
 };

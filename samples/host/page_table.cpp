@@ -7,14 +7,20 @@
 namespace sample_host {
 
 void OpenAboutDialog();
+void OpenCadPage();
 void OpenContextMenusPage();
 void OpenDocument();
 void OpenFindDialog();
+void OpenLargeDataPage();
 void OpenLateDialog();
+void OpenListViewsPage();
 void OpenManyItemsPage();
+void OpenOptionsDialog();
 void OpenPaletteDialog();
 void OpenPanelsPage();
+void OpenRibbonDialog();
 void OpenSettingsDialog();
+void OpenTreesPage();
 void OpenTwinsDialog();
 
 namespace {
@@ -30,6 +36,12 @@ constexpr Page kPages[] = {
     {"panels", ids::kPagePanels, "Pa&nels", OpenPanelsPage},
     {"context-menus", ids::kPageContextMenus, "&Context menus", OpenContextMenusPage},
     {"many-items", ids::kPageManyItems, "&Many items", OpenManyItemsPage},
+    {"cad", ids::kPageCad, "C&AD", OpenCadPage},
+    {"options", ids::kPageOptions, "&Options", OpenOptionsDialog},
+    {"ribbon", ids::kPageRibbon, "Customise &ribbon", OpenRibbonDialog},
+    {"large-data", ids::kPageLargeData, "Lar&ge data", OpenLargeDataPage},
+    {"trees", ids::kPageTrees, "&Trees", OpenTreesPage},
+    {"list-views", ids::kPageListViews, "List &views", OpenListViewsPage},
 };
 
 bool Open(const Page* page) {
