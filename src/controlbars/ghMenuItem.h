@@ -11,6 +11,8 @@ public:
     // `position` is 0-based; kNoPosition makes an item that is not valid.
     ghMenuItem(const ghMenu& menu, int position) : m_position(position), m_menu(menu) {}
 
+    int Position() const noexcept { return m_position; }
+
     bool IsValid() const override;
     bool IsAvailable() const override { return true; }
     // An item that cannot be read is neither enabled nor checked.

@@ -12,6 +12,8 @@ public:
     // `index` is 0-based; kNoIndex makes a button that is not valid.
     ghToolbarButton(const ghToolbar& toolbar, int index) : m_index(index), m_toolbar(toolbar) {}
 
+    int Index() const noexcept { return m_index; }
+
     bool IsValid() const override;
     bool IsAvailable() const override { return true; }
     // A button that cannot be read is neither enabled nor checked, checkable or with sub-items.
@@ -28,7 +30,6 @@ public:
 
 protected:
     const ghToolbar& Toolbar() const noexcept { return m_toolbar; }
-    int Index() const noexcept { return m_index; }
     // In client coordinates of the toolbar; none where the host does not answer.
     std::optional<RECT> Rectangle() const;
 
