@@ -7,6 +7,8 @@
 #include "automation/navigation.h"
 #include "automation/wrap.h"
 #include "controlbars/context_menu.h"
+#include "input/keyboard.h"
+#include "input/mouse.h"
 
 // Object is the final class, Interface its dual interface, Engine the kind of its window object, Bases the
 // window interfaces that Interface derives from.
@@ -75,13 +77,29 @@ public:
     HRESULT STDMETHODCALLTYPE Command(LONG command, VARIANT_BOOL* result) override {
         return this->Get(result, [&](auto& window) { return window.Command(command); });
     }
-    HRESULT STDMETHODCALLTYPE Click(LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE DoubleClick(LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE MouseDown(LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE MouseUp(LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE MouseMove(LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE MenuChars(BSTR, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE MenuIndex(BSTR, LONG) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Click(LONG button, LONG x, LONG y, LONG keys) override {
+        return this->Run([&](const auto& window) { input::Click(window, button, x, y, keys); });
+    }
+    HRESULT STDMETHODCALLTYPE DoubleClick(LONG button, LONG x, LONG y, LONG keys) override {
+        return this->Run([&](const auto& window) { input::DoubleClick(window, button, x, y, keys); });
+    }
+    HRESULT STDMETHODCALLTYPE MouseDown(LONG button, LONG x, LONG y, LONG keys) override {
+        return this->Run([&](const auto& window) { input::MouseDown(window, button, x, y, keys); });
+    }
+    HRESULT STDMETHODCALLTYPE MouseUp(LONG button, LONG x, LONG y, LONG keys) override {
+        return this->Run([&](const auto& window) { input::MouseUp(window, button, x, y, keys); });
+    }
+    HRESULT STDMETHODCALLTYPE MouseMove(LONG x, LONG y, LONG keys) override {
+        return this->Run([&](const auto& window) { input::MouseMove(window, x, y, keys); });
+    }
+    HRESULT STDMETHODCALLTYPE MenuChars(BSTR path, LONG delay) override {
+        return this->Run(
+            [&](const auto& window) { input::MenuChars(window, automation::ToAnsi(path), delay); });
+    }
+    HRESULT STDMETHODCALLTYPE MenuIndex(BSTR path, LONG delay) override {
+        return this->Run(
+            [&](const auto& window) { input::MenuIndex(window, automation::ToAnsi(path), delay); });
+    }
     HRESULT STDMETHODCALLTYPE Parent(IBaseWindow** result) override {
         *result = nullptr;
         return this->Run([&](const auto& window) {

@@ -1,7 +1,8 @@
 #include "input/mouse_block.h"
 
-#include "hostlink/hook.h"
+#include "hostlink/mouse_block_hook.h"
 #include "hostlink/shared_section.h"
+#include "input/ghSplashScreen.h"
 
 namespace input {
 
@@ -15,15 +16,28 @@ void SetAllowMouseBlocks(bool allow) noexcept {
     shared.allowMouseBlocks = allow ? 1 : 0;
 }
 
+void LetMouseThrough() noexcept {
+    shared.mouseBlocked = 0;
+}
+
+void BlockMouseAfterInput() {
+    if (!AllowMouseBlocks() || shared.mouseBlocked != 0) {
+        return;
+    }
+    shared.mouseBlocked = 1;
+    // The hook comes before the notice: of two scripts that get here at once, one shows it.
+    if (shared.mouseBlockHook == 0 && hostlink::InstallMouseBlockHook()) {
+        ghSplashScreen::Show(nullptr);
+    }
+}
+
 void UnblockMouse() noexcept {
     if (shared.mouseBlocked == 0) {
         return;
     }
     shared.mouseBlocked = 0;
-    // The handle stays as it is, on purpose: once lifted, a block is never put up again.
-    if (shared.mouseBlockHook != 0) {
-        UnhookWindowsHookEx(hostlink::ToHook(shared.mouseBlockHook));
-    }
+    hostlink::RemoveMouseBlockHook();
+    ghSplashScreen::Destroy();
 }
 
 } // namespace input

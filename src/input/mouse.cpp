@@ -1,0 +1,150 @@
+#include "input/mouse.h"
+
+#include "engine/activation.h"
+#include "engine/synchronise.h"
+#include "engine/window_geometry.h"
+#include "input/held_modifiers.h"
+#include "input/mouse_button.h"
+#include "input/mouse_event.h"
+
+namespace input {
+
+namespace {
+
+// One point of a window, and the messages that are posted there.
+class PostedMouse {
+public:
+    PostedMouse(const ghBaseWindow& window, int x, int y) noexcept
+        : m_window(window), m_point(engine::PackPoint(x, y)) {}
+
+    void Move(WPARAM keys) const noexcept { Post(WM_MOUSEMOVE, keys); }
+    // The host sees the cursor arrive before anything happens there.
+    void MoveThenPost(WPARAM moveKeys, UINT message, WPARAM keys) const noexcept {
+        Move(moveKeys);
+        Post(message, keys);
+    }
+
+private:
+    void Post(UINT message, WPARAM keys) const noexcept {
+        // A null window would mean the queue of this thread.
+        if (m_window.IsValid()) {
+            PostMessageA(m_window.Window(), message, keys, m_point);
+        }
+    }
+
+    const ghBaseWindow& m_window;
+    LPARAM m_point;
+};
+
+// The press and release of a posted click, the press worked through before the release comes.
+void PostClick(const ghBaseWindow& window, const PostedMouse& mouse, const MouseButton& button, WPARAM keys) {
+    mouse.MoveThenPost(keys, button.pressMessage, keys | button.keyBit);
+    engine::Synchronise(window);
+    mouse.MoveThenPost(keys | button.keyBit, button.ReleaseMessage(), keys);
+}
+
+void SendClick(const ghBaseWindow& window, int button, int x, int y) {
+    SendMouseEvent(window.Window(), button, true, x, y, true);
+    SendMouseEvent(window.Window(), button, false, x, y, true);
+}
+
+bool IsInForeground(HWND window) noexcept {
+    const HWND foreground = GetForegroundWindow();
+    return foreground == window || IsChild(foreground, window);
+}
+
+} // namespace
+
+void Click(const ghBaseWindow& window, int button, int x, int y, int keys, bool forceReal) {
+    if (!IsInForeground(window.Window())) {
+        engine::Activate(window);
+    }
+    engine::WaitUntilReady(window);
+    const HeldModifiers modifiers(window.Host(), keys);
+    if (window.RealInput() || forceReal || (keys & kRealClick) != 0) {
+        SendClick(window, button, x, y);
+    } else {
+        PostClick(window, PostedMouse(window, x, y), ButtonOfCode(button),
+                  static_cast<WPARAM>(keys & ~kRealClick));
+    }
+    engine::Synchronise(window);
+}
+
+void DoubleClick(const ghBaseWindow& window, int button, int x, int y, int keys) {
+    engine::WaitUntilReady(window);
+    const HeldModifiers modifiers(window.Host(), keys);
+    if (window.RealInput()) {
+        SendClick(window, button, x, y);
+        SendClick(window, button, x, y);
+    } else {
+        const PostedMouse mouse(window, x, y);
+        const MouseButton messages = ButtonOfCode(button);
+        const auto free = static_cast<WPARAM>(keys);
+        const WPARAM held = free | messages.keyBit;
+        PostClick(window, mouse, messages, free);
+        engine::Synchronise(window);
+        mouse.MoveThenPost(held, messages.DoubleClickMessage(), held);
+        engine::Synchronise(window);
+        mouse.MoveThenPost(held, messages.ReleaseMessage(), free);
+    }
+    engine::Synchronise(window);
+}
+
+void MouseDown(const ghBaseWindow& window, int button, int x, int y, int keys) {
+    engine::WaitUntilReady(window);
+    const HeldModifiers modifiers(window.Host(), keys);
+    if (window.RealInput()) {
+        SendMouseEvent(window.Window(), button, true, x, y, true);
+    } else {
+        const PostedMouse mouse(window, x, y);
+        const MouseButton messages = ButtonOfCode(button);
+        const auto free = static_cast<WPARAM>(keys);
+        mouse.Move(free);
+        engine::Synchronise(window);
+        mouse.MoveThenPost(free, messages.pressMessage, free | messages.keyBit);
+    }
+    engine::Synchronise(window);
+}
+
+void MouseUp(const ghBaseWindow& window, int button, int x, int y, int keys) {
+    engine::WaitUntilReady(window);
+    const HeldModifiers modifiers(window.Host(), keys);
+    if (window.RealInput()) {
+        SendMouseEvent(window.Window(), button, false, x, y, true);
+    } else {
+        const PostedMouse mouse(window, x, y);
+        const MouseButton messages = ButtonOfCode(button);
+        const auto free = static_cast<WPARAM>(keys);
+        const WPARAM held = free | messages.keyBit;
+        mouse.Move(held);
+        engine::Synchronise(window);
+        mouse.MoveThenPost(held, messages.ReleaseMessage(), free);
+    }
+    engine::Synchronise(window);
+}
+
+void MouseMove(const ghBaseWindow& window, int x, int y, int keys) {
+    engine::WaitUntilReady(window);
+    if (window.RealInput()) {
+        MoveCursorInWindow(window.Window(), x, y);
+        engine::Synchronise(window);
+    }
+    const HeldModifiers modifiers(window.Host(), keys);
+    PostedMouse(window, x, y).Move(static_cast<WPARAM>(keys) | MK_LBUTTON);
+    engine::Synchronise(window);
+}
+
+void ParkCursor(const ghBaseWindow& window, bool toWindow) {
+    if (toWindow) {
+        MoveCursorInWindow(window.Window(), 0, 0);
+        return;
+    }
+    POINT cursor = {};
+    GetCursorPos(&cursor);
+    if (cursor.x != 0 && cursor.y != 0) {
+        MoveCursorOnScreen(0, 0);
+        engine::Activate(window);
+    }
+}
+
+} // namespace input

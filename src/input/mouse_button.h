@@ -1,0 +1,33 @@
+// The mouse buttons as messages and as real input carry them.
+#pragma once
+
+#include <windows.h>
+
+namespace input {
+
+struct MouseButton {
+    UINT pressMessage; // the release is the next message, the double click the one after
+    WPARAM keyBit;     // in wParam while the button is held
+    DWORD pressFlag;
+    DWORD releaseFlag;
+
+    UINT ReleaseMessage() const noexcept { return pressMessage + 1; }
+    UINT DoubleClickMessage() const noexcept { return pressMessage + 2; }
+};
+
+// An unknown code is not rejected, deliberately: it is posted as message 0 and those that follow, and is a
+// plain move as real input.
+constexpr MouseButton ButtonOfCode(int code) noexcept {
+    switch (code) {
+    case 1:
+        return {WM_LBUTTONDOWN, MK_LBUTTON, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
+    case 2:
+        return {WM_RBUTTONDOWN, MK_RBUTTON, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP};
+    case 3:
+        return {WM_MBUTTONDOWN, MK_MBUTTON, MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP};
+    default:
+        return {WM_NULL, 0, 0, 0};
+    }
+}
+
+} // namespace input
