@@ -12,6 +12,7 @@ inline constexpr char kPanelClass[] = "SampleHostPanel"; // a child window with 
 inline constexpr char kCadViewClass[] = "SampleHostView";
 inline constexpr char kGridClass[] = "SampleHostGrid";
 inline constexpr char kOptionTreeClass[] = "qvaOptionTree";
+inline constexpr char kCompositeComboClass[] = "SampleHostComboBox";
 inline constexpr char kTreeClass[] = "SampleHostTree"; // the window of --many-children
 
 // Commands: wParam of WM_COMMAND to the frame.
@@ -61,6 +62,13 @@ enum Command : unsigned {
     kPageLargeData = 613,    // MDI page "Large data": a grid of 100 x 100 and a tree of 1000 options
     kPageTrees = 630,        // MDI page "Trees": four tree views
     kPageListViews = 631,    // MDI page "List views": four list views
+    kPageListBoxes = 620,    // MDI page "List boxes"
+    kPageComboBoxes = 621,   // MDI page "Combo boxes"
+    kPageTabs = 622,         // MDI page "Tabs"
+    kPageTrackBars = 623,    // MDI page "Track bars"
+    kPageCheckBoxes = 624,   // MDI page "Check boxes"
+    kPageSaveDrawing = 625,  // modeless dialog "Save drawing" with an address bar
+    kPageOpenDrawing = 626,  // modeless dialog "Open drawing"
     // Drawing commands, on the tool bars and in the context menus of the host's own kind.
     kDrawLine = 701,       // "Line"
     kDrawCircle = 702,     // "Circle"
@@ -92,11 +100,15 @@ enum Command : unsigned {
     kItemGreen = 739,
     kItemBlue = 740,
     // Items of the context menus of trees and list views
-    kTreeRename = 751,       // "Rename <text of the item>"
-    kTreeDelete = 752,       // "Delete"
-    kTreeAddItem = 753,      // "Add item", below the items
-    kListOpen = 754,         // "Open <index of the item>"
-    kListAddItem = 755,      // "Add item", below the items
+    kTreeRename = 751,  // "Rename <text of the item>"
+    kTreeDelete = 752,  // "Delete"
+    kTreeAddItem = 753, // "Add item", below the items
+    kListOpen = 754,    // "Open <index of the item>"
+    kListAddItem = 755, // "Add item", below the items
+    // Context menus of lists and tab controls
+    kItemAdd = 751,          // "Add item", where there is no item
+    kItemProperties = 752,   // "Properties of <text of the item>"
+    kItemDelete = 753,       // "Delete"
     kFirstManyButton = 2000, // "Button 0" and on, on the bar of 200 buttons
     kFirstManyItem = 3000,   // "Item 0" and on, in the menu of 500 items
     // &Window
@@ -142,23 +154,43 @@ enum Control : unsigned {
     kSystemMenuArea = 1087,       // panel: a right click opens a system menu
     kManyButtonsBar = 1088,       // "ToolbarWindow32" with 200 buttons
     kStatusBar = 1090,
-    kCadTree = 1100,         // model tree, a "SysTreeView32" that answers hlWM_REQUEST_CAD_TREE_INFORMATION
-    kCadView = 1101,         // view of the model
-    kMaterial = 1102,        // group combo: "Metals" and "Plastics"
-    kParameterGrid = 1103,   // grid: name, value, unit of each parameter
-    kPlainTree = 1104,       // "SysTreeView32" that answers no requests of the host
-    kOptionTree = 1110,      // "qvaOptionTree"
-    kRibbonWidget = 1120,    // "Static" with the caption "Ribbon forms"
-    kLargeGrid = 1130,       // grid of 100 x 100 cells, each with its row and column: "7,12"
-    kLargeOptionTree = 1131, // 10 groups "Group 0" and on, each with 100 items "Item 0" and on
-    kPartsTree = 1140,       // tree whose labels can be edited, all but "Locked", and not to "!..."
-    kFixedTree = 1141,       // the same items, no editing
-    kLazyTree = 1142,        // filled when expanded: "Assembly 1" > "Part 1" > "Feature 1"; each has three
-    kLargeTree = 1143,       // "Item 0" to "Item 9999", no branches
-    kPartsList = 1150,       // report mode, three columns, 40 rows
-    kLayersList = 1151,      // with check boxes
-    kSingleList = 1152,      // list mode, single selection
-    kLargeList = 1153,       // "Item 0" to "Item 9999"
+    kCadTree = 1100,           // model tree, a "SysTreeView32" that answers hlWM_REQUEST_CAD_TREE_INFORMATION
+    kCadView = 1101,           // view of the model
+    kMaterial = 1102,          // group combo: "Metals" and "Plastics"
+    kParameterGrid = 1103,     // grid: name, value, unit of each parameter
+    kPlainTree = 1104,         // "SysTreeView32" that answers no requests of the host
+    kOptionTree = 1110,        // "qvaOptionTree"
+    kRibbonWidget = 1120,      // "Static" with the caption "Ribbon forms"
+    kLargeGrid = 1130,         // grid of 100 x 100 cells, each with its row and column: "7,12"
+    kLargeOptionTree = 1131,   // 10 groups "Group 0" and on, each with 100 items "Item 0" and on
+    kPartsTree = 1140,         // tree whose labels can be edited, all but "Locked", and not to "!..."
+    kFixedTree = 1141,         // the same items, no editing
+    kLazyTree = 1142,          // filled when expanded: "Assembly 1" > "Part 1" > "Feature 1"; each has three
+    kLargeTree = 1143,         // "Item 0" to "Item 9999", no branches
+    kPartsList = 1150,         // report mode, three columns, 40 rows
+    kLayersList = 1151,        // with check boxes
+    kSingleList = 1152,        // list mode, single selection
+    kLargeList = 1153,         // "Item 0" to "Item 9999"
+    kFileName = 1148,          // name field of the dialog "Open drawing"; that of "Save drawing" is kEdit
+    kAddressBar = 1001,        // "ToolbarWindow32" of the dialog "Save drawing", with the name field's number
+    kMultipleList = 1200,      // list box with multiple selection; kListBox has single selection
+    kExtendedList = 1201,      // list box with extended selection
+    kOwnerDrawnList = 1202,    // list box that keeps no strings
+    kSimpleCombo = 1210,       // combo box whose list is always shown
+    kOwnerDrawnCombo = 1211,   // keeps strings
+    kBareCombo = 1212,         // keeps no strings
+    kCompositeCombo = 1213,    // "SampleHostComboBox" and, with the same number, the combo box inside
+    kExtendedCombo = 1214,     // "ComboBoxEx32"
+    kQuietPanel = 1215,        // panel with WS_EX_NOPARENTNOTIFY
+    kInnerQuietPanel = 1216,   // one more in it
+    kQuietCombo = 1217,        // drop-down list in the inner one
+    kTabs = 1220,              // tab control with one row
+    kTabRows = 1221,           // with "Layer 1" to "Layer 20" in several rows
+    kLongTabs = 1222,          // four tabs with texts of 1022, 1023, 1024 and 5000 letters
+    kHorizontalBar = 1230,     // track bar from 0 to 100
+    kVerticalBar = 1231,       // track bar from -50 to 50
+    kManualTriStateBox = 1240, // BS_3STATE: the page itself advances it
+    kStubbornBox = 1241,       // BS_CHECKBOX: never changes
     // --many-children N: descendants have the ids from kFirstOfMany on, the last one is an edit control.
     kFirstOfMany = 10000,
 };

@@ -8,18 +8,25 @@ namespace sample_host {
 
 void OpenAboutDialog();
 void OpenCadPage();
+void OpenCheckBoxesPage();
+void OpenComboBoxesPage();
 void OpenContextMenusPage();
 void OpenDocument();
+void OpenDrawingDialog();
 void OpenFindDialog();
 void OpenLargeDataPage();
 void OpenLateDialog();
+void OpenListBoxesPage();
 void OpenListViewsPage();
 void OpenManyItemsPage();
 void OpenOptionsDialog();
 void OpenPaletteDialog();
 void OpenPanelsPage();
 void OpenRibbonDialog();
+void OpenSaveDrawingDialog();
 void OpenSettingsDialog();
+void OpenTabsPage();
+void OpenTrackBarsPage();
 void OpenTreesPage();
 void OpenTwinsDialog();
 
@@ -42,6 +49,13 @@ constexpr Page kPages[] = {
     {"large-data", ids::kPageLargeData, "Lar&ge data", OpenLargeDataPage},
     {"trees", ids::kPageTrees, "&Trees", OpenTreesPage},
     {"list-views", ids::kPageListViews, "List &views", OpenListViewsPage},
+    {"list-boxes", ids::kPageListBoxes, "List &boxes", OpenListBoxesPage},
+    {"combo-boxes", ids::kPageComboBoxes, "Comb&o boxes", OpenComboBoxesPage},
+    {"tabs", ids::kPageTabs, "Ta&bs", OpenTabsPage},
+    {"track-bars", ids::kPageTrackBars, "Trac&k bars", OpenTrackBarsPage},
+    {"check-boxes", ids::kPageCheckBoxes, "C&heck boxes", OpenCheckBoxesPage},
+    {"save-drawing", ids::kPageSaveDrawing, "Sa&ve drawing", OpenSaveDrawingDialog},
+    {"open-drawing", ids::kPageOpenDrawing, "Op&en drawing", OpenDrawingDialog},
 };
 
 bool Open(const Page* page) {
