@@ -1,0 +1,40 @@
+#include "controls/ghCheckBox.h"
+
+#include "hostlink/window_kind.h"
+#include "input/mouse.h"
+
+namespace {
+
+constexpr int kMostClicks = 2;
+
+void ClickUntil(const ghCheckBox& box, int state) {
+    for (int clicks = 0; clicks < kMostClicks && box.CheckedState() != state; ++clicks) {
+        input::Click(box, input::kLeftButton, 1, 1, 0);
+    }
+}
+
+} // namespace
+
+bool ghCheckBox::ThreeState() const noexcept {
+    const DWORD type = hostlink::WindowStyle(Window()) & BS_TYPEMASK;
+    return type == BS_3STATE || type == BS_AUTO3STATE;
+}
+
+int ghCheckBox::CheckedState() const noexcept {
+    return static_cast<int>(SendMessageA(Window(), BM_GETCHECK, 0, 0));
+}
+
+void ghCheckBox::SetCheckedState(int state) const {
+    if (state == BST_INDETERMINATE && !ThreeState()) {
+        return;
+    }
+    ClickUntil(*this, state);
+}
+
+bool ghCheckBox::Checked() const noexcept {
+    return CheckedState() == BST_CHECKED;
+}
+
+void ghCheckBox::SetChecked(bool checked) const {
+    ClickUntil(*this, checked ? BST_CHECKED : BST_UNCHECKED);
+}
