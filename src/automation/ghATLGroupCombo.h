@@ -9,14 +9,24 @@ class ghATLGroupCombo final
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE SelectItem(int, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItem(int index, VARIANT_BOOL* result) override {
+        return Get(result, [&](const auto& combo) { return combo.SelectItem(index); });
     }
-    HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR, BSTR, VARIANT_BOOL* result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR heading, BSTR item, VARIANT_BOOL* result) override {
+        return Get(result, [&](const auto& combo) {
+            return combo.SelectItemByName(automation::ToAnsi(heading), automation::ToAnsi(item));
+        });
     }
-    HRESULT STDMETHODCALLTYPE GetItemCount(LONG* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE get_HeadingText(BSTR* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE GetItem(LONG, BSTR* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE GetHeading(LONG, BSTR* result) override { return NotImplemented(result); }
+    HRESULT STDMETHODCALLTYPE GetItemCount(LONG* result) override {
+        return Get(result, [](const auto& combo) { return combo.ItemCount(); });
+    }
+    HRESULT STDMETHODCALLTYPE get_HeadingText(BSTR* result) override {
+        return Get(result, [](const auto& combo) { return combo.HeadingText(); });
+    }
+    HRESULT STDMETHODCALLTYPE GetItem(LONG index, BSTR* result) override {
+        return Get(result, [&](const auto& combo) { return combo.ItemText(index); });
+    }
+    HRESULT STDMETHODCALLTYPE GetHeading(LONG index, BSTR* result) override {
+        return Get(result, [&](const auto& combo) { return combo.HeadingOfItem(index); });
+    }
 };

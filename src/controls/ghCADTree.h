@@ -1,4 +1,4 @@
-// The host's model tree.
+// The host's model tree: a tree view whose items have attributes of the host's own.
 #pragma once
 
 #include "controls/ghTreeControl.h"
@@ -6,4 +6,7 @@
 class ghCADTree : public ghTreeControl {
 public:
     using ghTreeControl::ghTreeControl;
+
+    // A ghCADTreeItem.
+    std::unique_ptr<ghTreeItem> MakeItem(HTREEITEM item) const override;
 };
