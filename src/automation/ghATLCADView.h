@@ -8,14 +8,47 @@ class ghATLCADView final : public ghATLBaseWindowImpl<ghATLCADView, ICADView, gh
 public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
-    HRESULT STDMETHODCALLTYPE SetCameraPosition(BSTR, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Click(LONG, LONG, LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE DoubleClick(LONG, LONG, LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE MouseDown(LONG, LONG, LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE MouseUp(LONG, LONG, LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE MouseMove(LONG, LONG, LONG, LONG, LONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE ContextMenu(LONG, LONG, LONG, LONG, IControlBar** result) override {
-        return NotImplemented(result);
+    HRESULT STDMETHODCALLTYPE SetCameraPosition(BSTR position, LONG width, LONG height) override {
+        return Run([&](auto& view) { view.SetCameraPosition(automation::ToAnsi(position), width, height); });
     }
-    HRESULT STDMETHODCALLTYPE get_CameraPosition(BSTR* result) override { return NotImplemented(result); }
+    HRESULT STDMETHODCALLTYPE Click(LONG button, LONG x, LONG y, LONG referenceWidth, LONG referenceHeight,
+                                    LONG keys) override {
+        return Run([&](const auto& view) {
+            view.Click(button, {x, y}, {referenceWidth, referenceHeight}, keys);
+        });
+    }
+    HRESULT STDMETHODCALLTYPE DoubleClick(LONG button, LONG x, LONG y, LONG referenceWidth,
+                                          LONG referenceHeight, LONG keys) override {
+        return Run([&](const auto& view) {
+            view.DoubleClick(button, {x, y}, {referenceWidth, referenceHeight}, keys);
+        });
+    }
+    HRESULT STDMETHODCALLTYPE MouseDown(LONG button, LONG x, LONG y, LONG referenceWidth,
+                                        LONG referenceHeight, LONG keys) override {
+        return Run([&](const auto& view) {
+            view.MouseDown(button, {x, y}, {referenceWidth, referenceHeight}, keys);
+        });
+    }
+    HRESULT STDMETHODCALLTYPE MouseUp(LONG button, LONG x, LONG y, LONG referenceWidth, LONG referenceHeight,
+                                      LONG keys) override {
+        return Run([&](const auto& view) {
+            view.MouseUp(button, {x, y}, {referenceWidth, referenceHeight}, keys);
+        });
+    }
+    HRESULT STDMETHODCALLTYPE MouseMove(LONG x, LONG y, LONG referenceWidth, LONG referenceHeight,
+                                        LONG keys) override {
+        return Run([&](const auto& view) {
+            view.MouseMove({x, y}, {referenceWidth, referenceHeight}, keys);
+        });
+    }
+    HRESULT STDMETHODCALLTYPE ContextMenu(LONG x, LONG y, LONG referenceWidth, LONG referenceHeight,
+                                          IControlBar** result) override {
+        *result = nullptr;
+        return Run([&](const auto& view) {
+            return automation::Wrap(view.ContextMenu({x, y}, {referenceWidth, referenceHeight}), result);
+        });
+    }
+    HRESULT STDMETHODCALLTYPE get_CameraPosition(BSTR* result) override {
+        return Get(result, [](const auto& view) { return view.CameraPosition(); });
+    }
 };
