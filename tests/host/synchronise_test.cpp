@@ -1,0 +1,145 @@
+// Synchronisation with a host of its own process after an action.
+#include "engine/ghBaseWindow.h"
+#include "engine/ghSharedUtils.h"
+#include "engine/synchronise.h"
+#include "hostlink/module_instance.h"
+#include "hostlink/registered_messages.h"
+#include "hostlink/shared_section.h"
+#include "support/sample_host.h"
+#include "support/this_module.h"
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+namespace {
+
+using hostlink::shared;
+using sample_host::Misbehaviour;
+using support::Eventually;
+using support::SampleHost;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+namespace ids = sample_host::ids;
+
+class Synchronise : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        hostlink::SetModuleInstance(support::ThisModule());
+        host = std::make_unique<SampleHost>("--page find");
+    }
+    static void TearDownTestSuite() { host.reset(); }
+
+    static std::vector<sample_host::LogRecord> Syncs(HWND window = nullptr) {
+        return host->Log().Records(hostlink::MSG_GH_SYNC, window);
+    }
+
+    static inline std::unique_ptr<SampleHost> host;
+};
+
+TEST_F(Synchronise, WaitsForTheModalDialogThatTheActionOpens) {
+    ghBaseWindow frame(host->Frame());
+    host->ClearLog();
+    ASSERT_TRUE(frame.Command(ids::kPageSettings));
+
+    const HWND dialog = ghSharedUtils::active_dialog(host->Frame());
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(ghBaseWindow(dialog).Text(), "Settings");
+    ghBaseWindow(dialog).Close();
+    EXPECT_TRUE(Eventually([&] { return !IsWindow(dialog); }));
+}
+
+// The dialog is known from its creation on and has the marker sent to it, but is shown only later.
+TEST_F(Synchronise, FollowsAModalDialogThatIsLongInTheMaking) {
+    const SampleHost slow("--misbehave busy=1500@" + std::to_string(ids::kOpenNested));
+    ghBaseWindow frame(slow.Frame());
+    ASSERT_TRUE(frame.Command(ids::kPageSettings));
+
+    const HWND dialog = ghSharedUtils::active_dialog(slow.Frame());
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(ghBaseWindow(dialog).Text(), "Settings");
+    EXPECT_THAT(slow.Log().Records(hostlink::MSG_GH_SYNC, dialog), Not(IsEmpty()));
+}
+
+TEST_F(Synchronise, ComesBackOnlyAfterABusyHostHasTakenTheMarker) {
+    ghBaseWindow frame(host->Frame());
+    host->ClearLog();
+    PostMessageA(frame.Window(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
+                 static_cast<WPARAM>(Misbehaviour::Busy), 700);
+    ASSERT_TRUE(frame.Post(WM_NULL, 0, 0));
+    const auto syncs = Syncs(frame.Window());
+    ASSERT_THAT(syncs, SizeIs(1)); // not posted again while the first is under way
+    EXPECT_EQ(syncs[0].wParam, 0u);
+    EXPECT_EQ(syncs[0].lParam, 0u);
+}
+
+TEST_F(Synchronise, LeavesNoHookBehind) {
+    ghBaseWindow frame(host->Frame());
+    frame.Post(WM_NULL, 0, 0);
+    EXPECT_EQ(shared.syncCreateHook, 0u);
+    EXPECT_EQ(shared.syncQueueHook, 0u);
+
+    // What the watchers would notice.
+    shared.syncSeen = 0;
+    host->ClearLog();
+    PostMessageA(frame.Window(), hostlink::MSG_GH_SYNC, 0, 0);
+    host->Command(ids::kPageAbout);
+    HWND dialog = nullptr;
+    ASSERT_TRUE(Eventually([&] {
+        dialog = ghSharedUtils::active_dialog(host->Frame());
+        return dialog != nullptr && ghBaseWindow(dialog).Text() != "Find";
+    }));
+    EXPECT_THAT(Syncs(), SizeIs(1));
+    EXPECT_EQ(shared.syncSeen, 0u);
+    EXPECT_EQ(shared.syncPopup, 0u);
+    ghBaseWindow(dialog).Close();
+}
+
+TEST_F(Synchronise, IsLeftOutWhenSwitchedOff) {
+    ghBaseWindow frame(host->Frame());
+    frame.SetSynchronization(false);
+    shared.syncQueueHook = 0x77; // any hook would overwrite them
+    shared.syncCreateHook = 0x77;
+    host->ClearLog();
+    EXPECT_TRUE(frame.Post(WM_NULL, 0, 0));
+    EXPECT_EQ(frame.Send(WM_NULL, 0, 0), 0);
+    frame.Command(0);
+    EXPECT_EQ(shared.syncQueueHook, 0x77u);
+    EXPECT_EQ(shared.syncCreateHook, 0x77u);
+    EXPECT_THAT(Syncs(), IsEmpty());
+}
+
+// Each of these windows is gone, or goes, while the script waits.
+TEST_F(Synchronise, EndsWhenItsTargetGoes) {
+    const HWND find = host->WaitForWindow("Find");
+    ASSERT_NE(find, nullptr);
+    ghBaseWindow dialog(find);
+    PostMessageA(host->Frame(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
+                 static_cast<WPARAM>(Misbehaviour::Busy), 500);
+    SampleHost::Misbehave(find, Misbehaviour::DestroyOnSync);
+    dialog.Post(WM_NULL, 0, 0);
+    EXPECT_TRUE(Eventually([&] { return !IsWindow(find); }));
+
+    EXPECT_FALSE(dialog.Post(WM_NULL, 0, 0));
+    EXPECT_FALSE(ghBaseWindow().Post(WM_NULL, 0, 0));
+    EXPECT_EQ(ghBaseWindow().Send(WM_GETTEXTLENGTH, 0, 0), 0);
+}
+
+TEST_F(Synchronise, EndsWithAHostThatIsKilled) {
+    const SampleHost dying;
+    ghBaseWindow frame(dying.Frame());
+    PostMessageA(frame.Window(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
+                 static_cast<WPARAM>(Misbehaviour::Busy), 60000);
+    std::thread killer([&] {
+        Eventually([] { return shared.syncQueueHook != 0 && shared.syncSeen == 0; });
+        const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, dying.ProcessId());
+        TerminateProcess(process, 1);
+        CloseHandle(process);
+    });
+    frame.Post(WM_NULL, 0, 0);
+    killer.join();
+    EXPECT_TRUE(dying.HasEnded());
+}
+
+} // namespace
