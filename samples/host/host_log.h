@@ -37,8 +37,10 @@ struct LogRecord {
     Delivery delivery;
     std::uint32_t number; // counts from 1, also over clearing
     char name[40];        // the window's name in the host; its class name where the host gave it none
-    char text[128];       // of sent messages: WM_SETTEXT the text, cut to fit; WM_NOTIFY "from=<control
-                          // id> code=<code>"; WM_MOVING, WM_SIZING "left,top,right,bottom"; others empty
+    // Of sent messages: WM_SETTEXT the text, cut to fit; WM_NOTIFY "from=<control id> code=<code>";
+    // WM_MOVING, WM_SIZING "left,top,right,bottom"; requests of the contract with a record its bytes in
+    // hexadecimal digits and, behind a blank, the text in their buffer; others empty
+    char text[128];
 };
 
 struct LogSection {

@@ -21,7 +21,20 @@ enum class Misbehaviour : unsigned {
                         // next message with that number to this window; number 0: at once
     CreateLater = 10,   // "create-later": this window gets a visible child, an edit control with id
                         // kLateEdit, after number ms
+    // How this window answers the requests of ghosthand/host_contract.h from now on.
+    AnswerProperly = 20,     // "answer-properly"
+    AnswerNothing = 21,      // "answer-nothing": 0, and no text
+    Answer165 = 22,          // "answer-165": to everything
+    AnswerGarbage = 23,      // "answer-garbage": kGarbageAnswer to everything
+    AnswerByPointer = 24,    // "answer-by-pointer": with a pointer to a text of the host's own
+    AnswerTooLong = 25,      // "answer-too-long": the same with a text of 3000 bytes
+    AnswerUnterminated = 26, // "answer-unterminated": fills the buffer to its last byte
+    AnswerUnreadable = 27,   // "answer-unreadable": with a pointer to memory that nobody may read
+    AnswerWithoutEnd = 28,   // "answer-without-end": with a pointer to 100 characters without a terminator,
+                             // behind which nothing can be read
 };
+// No count, no index, no item; its low 16 bits are an atom that does not exist.
+inline constexpr long long kGarbageAnswer = 0x12345FEDC;
 inline constexpr int kLateEdit = 1099;
 inline constexpr int kCrashExitCode = 3;
 

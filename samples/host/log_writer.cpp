@@ -1,10 +1,25 @@
 #include "log_writer.h"
 
+#include "contract_requests.h"
+#include "host_text.h"
 #include "message_names.h"
 #include "watch.h"
 
 namespace sample_host {
 namespace {
+
+// The record of a request and the text that goes with it, as they arrived.
+std::string DescribeRequest(const MSG& message) {
+    std::string description;
+    for (const std::byte value : RecordOf(message)) {
+        char digits[3];
+        std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned>(value));
+        description += digits;
+    }
+    if (const auto* buffer = TextBufferOf(message))
+        (description += ' ') += TextOf(*buffer);
+    return description;
+}
 
 // What lParam points at, in the messages where it is worth knowing.
 template <std::size_t Size>
@@ -26,6 +41,7 @@ void DescribeParameter(const MSG& message, char (&text)[Size]) {
         break;
     }
     default:
+        lstrcpynA(text, DescribeRequest(message).c_str(), Size);
         break;
     }
 }

@@ -1,5 +1,6 @@
 #include "misbehaviour.h"
 
+#include "answer_style.h"
 #include "control.h"
 #include "message_names.h"
 #include "page_table.h"
@@ -30,6 +31,15 @@ constexpr Name kNames[] = {
     {"never-idle", Misbehaviour::NeverIdle},
     {"crash-on-message", Misbehaviour::CrashOnMessage},
     {"create-later", Misbehaviour::CreateLater},
+    {"answer-properly", Misbehaviour::AnswerProperly},
+    {"answer-nothing", Misbehaviour::AnswerNothing},
+    {"answer-165", Misbehaviour::Answer165},
+    {"answer-garbage", Misbehaviour::AnswerGarbage},
+    {"answer-by-pointer", Misbehaviour::AnswerByPointer},
+    {"answer-too-long", Misbehaviour::AnswerTooLong},
+    {"answer-unterminated", Misbehaviour::AnswerUnterminated},
+    {"answer-unreadable", Misbehaviour::AnswerUnreadable},
+    {"answer-without-end", Misbehaviour::AnswerWithoutEnd},
 };
 
 // What waits for a message that has not come yet.
@@ -169,8 +179,9 @@ bool Misbehave(HWND window, Misbehaviour what, LPARAM number) {
     case Misbehaviour::DestroyOnSync:
         plans.push_back({window, what, 0});
         return true;
+    default:
+        return SetAnswerStyle(window, what);
     }
-    return false;
 }
 
 void MisbehaveBefore(const MSG& message) {
@@ -190,6 +201,7 @@ void MisbehaveBefore(const MSG& message) {
 void ForgetMisbehaviour(HWND window) {
     std::erase_if(plans, [&](const Plan& plan) { return plan.window == window; });
     restlessUntil.erase(window);
+    ForgetAnswerStyle(window);
 }
 
 } // namespace sample_host

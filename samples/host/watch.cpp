@@ -1,5 +1,6 @@
 #include "watch.h"
 
+#include "answer_style.h"
 #include "log_writer.h"
 #include "message_names.h"
 
@@ -54,7 +55,7 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         if (!IsWindow(window))
             return 0;
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return AnswerInStyle(received, [&] { return DefSubclassProc(window, message, wParam, lParam); });
 }
 
 LRESULT CALLBACK OnQueue(int code, WPARAM removed, LPARAM lParam) {
