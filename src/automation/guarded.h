@@ -1,8 +1,8 @@
 // The boundary between COM and the engine.
 #pragma once
 
-#include <new>
 #include <exception>
+#include <new>
 #include <type_traits>
 
 #include "automation/interfaces.h"

@@ -2,7 +2,7 @@
 
 #include "ghosthand/host_contract.h"
 
-#include <cstring>
+#include <cwchar>
 #include <memory>
 
 namespace {
@@ -20,7 +20,7 @@ constexpr ItemMessages kComboBox{CB_GETLBTEXTLEN, CB_GETLBTEXT, CBS_OWNERDRAWFIX
 
 // The text message does not know the size of its buffer, and the control's own program may replace a text
 // between the two messages: this is the room for what such a text may gain.
-constexpr std::size_t kRoomToGrow = 0x10000;
+constexpr std::size_t kRoomToGrow = 0x10000; // characters
 
 // A control without strings would hand out its item data, and its length as that of a text.
 bool KeepsStrings(HWND control, const ItemMessages& messages) {
@@ -28,21 +28,30 @@ bool KeepsStrings(HWND control, const ItemMessages& messages) {
     return (style & messages.ownerDrawn) == 0 || (style & messages.hasStrings) != 0;
 }
 
+std::string ToAnsi(const wchar_t* text, int length) {
+    std::string ansi(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_ACP, 0, text, length, nullptr, 0, nullptr, nullptr)),
+        '\0');
+    WideCharToMultiByte(CP_ACP, 0, text, length, ansi.data(), static_cast<int>(ansi.size()), nullptr,
+                        nullptr);
+    return ansi;
+}
+
+// Fetches wide characters, which every platform carries from one process to another unharmed.
 std::string ItemText(HWND control, int index, const ItemMessages& messages) {
     if (index < 0 || !KeepsStrings(control, messages))
         return {};
     const auto item = static_cast<WPARAM>(index);
-    const int length = static_cast<int>(SendMessageA(control, messages.textLength, item, 0));
+    const int length = static_cast<int>(SendMessageW(control, messages.textLength, item, 0));
     if (length <= 0)
         return {};
     const std::size_t capacity = static_cast<std::size_t>(length) + kRoomToGrow;
-    const auto buffer = std::make_unique<char[]>(capacity);
+    const auto buffer = std::make_unique<wchar_t[]>(capacity);
     const LRESULT fetched =
-        SendMessageA(control, messages.text, item, reinterpret_cast<LPARAM>(buffer.get()));
+        SendMessageW(control, messages.text, item, reinterpret_cast<LPARAM>(buffer.get()));
     if (static_cast<int>(fetched) < 0)
         return {};
-    // The announced length may be too great where the control converts its texts to ANSI.
-    return {buffer.get(), strnlen(buffer.get(), capacity)};
+    return ToAnsi(buffer.get(), static_cast<int>(wcsnlen(buffer.get(), capacity)));
 }
 
 } // namespace

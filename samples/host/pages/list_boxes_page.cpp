@@ -37,12 +37,12 @@ std::string ItemText(HWND list, int index) {
     return text;
 }
 
-void AddList(HWND page, const char* caption, DWORD style, int id, int x) {
+void AddList(HWND page, const char* caption, DWORD style, int id, int x, int height) {
     AddControl(page, {.className = "Static", .text = caption, .area = {x, 10, 150, 18}});
     const HWND list = AddControl(
         page, {.className = "ListBox",
                .style = style | WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
-               .area = {x, 30, 150, 120},
+               .area = {x, 30, 150, height},
                .id = id});
     for (int index = 0; index < static_cast<int>(std::size(kMaterials)); ++index) {
         if (IsOwnerDrawn(list))
@@ -56,10 +56,10 @@ void AddList(HWND page, const char* caption, DWORD style, int id, int x) {
 }
 
 void Build(HWND page) {
-    AddList(page, "Single", 0, ids::kListBox, 10);
-    AddList(page, "Multiple", LBS_MULTIPLESEL, ids::kMultipleList, 170);
-    AddList(page, "Extended", LBS_EXTENDEDSEL, ids::kExtendedList, 330);
-    AddList(page, "Without strings", LBS_OWNERDRAWFIXED, ids::kOwnerDrawnList, 490);
+    AddList(page, "Single", 0, ids::kListBox, 10, 220);
+    AddList(page, "Multiple", LBS_MULTIPLESEL, ids::kMultipleList, 170, 120);
+    AddList(page, "Extended", LBS_EXTENDEDSEL, ids::kExtendedList, 330, 120);
+    AddList(page, "Without strings", LBS_OWNERDRAWFIXED, ids::kOwnerDrawnList, 490, 120);
 }
 
 void OpenMenu(HWND list, POINT position) {
@@ -96,7 +96,7 @@ void OpenListBoxesPage() {
     OpenMdiPage({.name = "List boxes",
                  .caption = "List boxes",
                  .width = 670,
-                 .height = 200,
+                 .height = 300,
                  .build = Build,
                  .handler = Handle});
 }
