@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <span>
 #include <string>
 #include <vector>
 #include <windows.h>
@@ -76,16 +77,14 @@ public:
     bool IsOpen() const { return m_section != nullptr; }
 
     std::vector<LogRecord> Records() const {
-        if (!m_section)
-            return {};
-        const std::uint32_t count = m_section->count.load(std::memory_order_acquire);
-        return {m_section->records, m_section->records + count};
+        const auto records = Complete();
+        return {records.begin(), records.end()};
     }
 
     // The records of one message (and of one window, if given), in order.
     std::vector<LogRecord> Records(UINT message, HWND window = nullptr) const {
         std::vector<LogRecord> found;
-        for (const LogRecord& record : Records())
+        for (const LogRecord& record : Complete())
             if (record.message == message &&
                 (!window || record.window == reinterpret_cast<std::uintptr_t>(window)))
                 found.push_back(record);
@@ -100,6 +99,11 @@ public:
     }
 
 private:
+    std::span<const LogRecord> Complete() const {
+        return m_section ? std::span(m_section->records, m_section->count.load(std::memory_order_acquire))
+                         : std::span<const LogRecord>{};
+    }
+
     HANDLE m_mapping = nullptr;
     const LogSection* m_section = nullptr;
 };
