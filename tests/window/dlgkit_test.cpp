@@ -31,7 +31,7 @@ public:
     HWND Window() const { return m_window; }
 
     void Subclass(WNDPROC procedure) const {
-        SetWindowLongPtrA(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+        SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
     }
 
 private:
@@ -76,9 +76,9 @@ TEST_P(ItemText, MayGrowAfterItsLengthWasAsked) {
             return 3;
         if (message != LB_GETTEXT && message != CB_GETLBTEXT)
             return TRUE;
-        const std::string grown(kGrown, 'y');
-        grown.copy(reinterpret_cast<char*>(lParam), kGrown);
-        reinterpret_cast<char*>(lParam)[kGrown] = '\0';
+        const std::wstring grown(kGrown, L'y');
+        grown.copy(reinterpret_cast<wchar_t*>(lParam), kGrown);
+        reinterpret_cast<wchar_t*>(lParam)[kGrown] = L'\0';
         return kGrown;
     });
     EXPECT_EQ(kind.read(control.Window(), 0, false), std::string(kGrown, 'y'));

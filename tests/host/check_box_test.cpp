@@ -1,0 +1,69 @@
+// How often a check box is clicked to bring it to a state.
+#include "controls/ghCheckBox.h"
+#include "host/control_page.h"
+
+namespace {
+
+using support::Posted;
+using testing::Each;
+using testing::SizeIs;
+namespace ids = sample_host::ids;
+
+class CheckBoxTest : public support::ControlPage<CheckBoxTest> {
+public:
+    static constexpr const char* kPage = "check-boxes";
+    static constexpr const char* kName = "Check boxes";
+
+protected:
+    // The clicks since the last call.
+    static std::size_t Clicks(const ghCheckBox& box) {
+        const auto clicks = SeenBy(box.Window(), {WM_LBUTTONDOWN});
+        EXPECT_THAT(clicks, Each(Posted(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(1, 1))));
+        Host().ClearLog();
+        return clicks.size();
+    }
+};
+
+TEST_F(CheckBoxTest, TwoStatesTakeOneClick) {
+    const ghCheckBox box(Control(ids::kCheckBox));
+    box.SetChecked(false);
+    EXPECT_EQ(Clicks(box), 0u);
+    box.SetChecked(true);
+    EXPECT_EQ(Clicks(box), 1u);
+    box.SetCheckedState(BST_CHECKED);
+    box.SetCheckedState(BST_INDETERMINATE); // which it does not have
+    EXPECT_EQ(Clicks(box), 0u);
+    EXPECT_EQ(box.CheckedState(), BST_CHECKED);
+}
+
+TEST_F(CheckBoxTest, ThreeStatesTakeUpToTwoClicks) {
+    for (const unsigned id : {ids::kTriStateBox, ids::kManualTriStateBox}) {
+        const ghCheckBox box(Control(id));
+        for (int from = 0; from < 3; ++from) {
+            for (int to = 0; to < 3; ++to) {
+                SendMessageA(box.Window(), BM_SETCHECK, static_cast<WPARAM>(from), 0);
+                box.SetCheckedState(to);
+                EXPECT_EQ(box.CheckedState(), to) << "from " << from;
+                EXPECT_EQ(Clicks(box), static_cast<std::size_t>((to - from + 3) % 3));
+            }
+        }
+        SendMessageA(box.Window(), BM_SETCHECK, BST_INDETERMINATE, 0);
+        EXPECT_FALSE(box.Checked());
+        box.SetChecked(true);
+        EXPECT_TRUE(box.Checked());
+        EXPECT_EQ(Clicks(box), 2u);
+    }
+}
+
+TEST_F(CheckBoxTest, AStateThatCannotBeReachedTakesTwoClicks) {
+    const ghCheckBox stubborn(Control(ids::kStubbornBox));
+    stubborn.SetChecked(true);
+    EXPECT_EQ(Clicks(stubborn), 2u);
+    const ghCheckBox box(Control(ids::kCheckBox));
+    const int before = box.CheckedState();
+    box.SetCheckedState(7);
+    EXPECT_EQ(Clicks(box), 2u);
+    EXPECT_EQ(box.CheckedState(), before);
+}
+
+} // namespace
