@@ -124,7 +124,7 @@ TEST_F(Tree, WalksWithoutAMessageMoreThanItTakes) {
     EXPECT_THAT(Requests(fixed.Window()),
                 ElementsAre(TVM_GETNEXTITEM, TVM_EXPAND, TVM_GETNEXTITEM, TVM_EXPAND, TVM_GETNEXTITEM,
                             TVM_GETNEXTITEM, TVM_EXPAND, TVM_GETNEXTITEM, TVM_EXPAND, TVM_GETNEXTITEM,
-                            TVM_GETNEXTITEM));
+                            TVM_GETNEXTITEM, TVM_GETNEXTITEM));
     EXPECT_EQ(TextOf(item), "hole 2");
 }
 

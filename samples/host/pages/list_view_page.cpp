@@ -12,11 +12,14 @@ namespace {
 
 constexpr int kLargeItems = 10000;
 
-HWND AddList(HWND page, int id, DWORD style, const Area& area) {
-    return AddControl(page, {.className = WC_LISTVIEWA,
-                             .style = LVS_SHOWSELALWAYS | WS_BORDER | WS_TABSTOP | style,
-                             .area = area,
-                             .id = id});
+// Whole rows can be clicked: in some systems a click on the left edge of a label hits no item otherwise.
+HWND AddList(HWND page, int id, DWORD style, DWORD extendedStyle, const Area& area) {
+    const HWND list = AddControl(page, {.className = WC_LISTVIEWA,
+                                        .style = LVS_SHOWSELALWAYS | WS_BORDER | WS_TABSTOP | style,
+                                        .area = area,
+                                        .id = id});
+    SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(extendedStyle));
+    return list;
 }
 
 void AddColumn(HWND list, int index, int width, std::string caption) {
@@ -38,7 +41,7 @@ void SetCell(HWND list, int row, int column, std::string text) {
 }
 
 void AddPartsList(HWND page) {
-    const HWND list = AddList(page, ids::kPartsList, LVS_REPORT, {10, 10, 270, 240});
+    const HWND list = AddList(page, ids::kPartsList, LVS_REPORT, LVS_EX_FULLROWSELECT, {10, 10, 270, 240});
     AddColumn(list, 0, 90, "Part");
     AddColumn(list, 1, 90, "Material");
     AddColumn(list, 2, 60, "Mass");
@@ -61,8 +64,8 @@ void AddPartsList(HWND page) {
 }
 
 void AddLayersList(HWND page) {
-    const HWND list = AddList(page, ids::kLayersList, LVS_REPORT, {290, 10, 180, 240});
-    SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
+    const HWND list = AddList(page, ids::kLayersList, LVS_REPORT, LVS_EX_FULLROWSELECT | LVS_EX_CHECKBOXES,
+                              {290, 10, 180, 240});
     AddColumn(list, 0, 150, "Layer");
     int row = 0;
     for (const char* layer : {"Sketch", "Layer 1", "Layer 10", "Lay", "Dimensions"})
@@ -70,14 +73,14 @@ void AddLayersList(HWND page) {
 }
 
 void AddSingleList(HWND page) {
-    const HWND list = AddList(page, ids::kSingleList, LVS_LIST | LVS_SINGLESEL, {480, 10, 150, 240});
+    const HWND list = AddList(page, ids::kSingleList, LVS_LIST | LVS_SINGLESEL, 0, {480, 10, 150, 240});
     int row = 0;
     for (const char* view : {"Front", "Top", "Left", "Isometric"})
         SetCell(list, row++, 0, view);
 }
 
 void AddLargeList(HWND page) {
-    const HWND list = AddList(page, ids::kLargeList, LVS_REPORT, {640, 10, 180, 240});
+    const HWND list = AddList(page, ids::kLargeList, LVS_REPORT, LVS_EX_FULLROWSELECT, {640, 10, 180, 240});
     AddColumn(list, 0, 150, "Item");
     SendMessageA(list, LVM_SETITEMCOUNT, kLargeItems, 0);
     SendMessageA(list, WM_SETREDRAW, FALSE, 0);
