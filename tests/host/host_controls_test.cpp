@@ -122,8 +122,9 @@ TEST_F(HostControls, OptionTreePathsNameLabelsBelowTheRoot) {
     EXPECT_EQ(label("/Display\\Background||Bottom"), "Bottom");
     EXPECT_EQ(label(""), "General");
     EXPECT_EQ(label("|/\\"), "General");
-    for (const std::string& path : {std::string("general"), std::string("Options|General"),
-                                    std::string("General|Units|mm"), "General" + std::string(253, '|')}) {
+    for (const std::string& path :
+         {std::string("general"), std::string("Gen"), std::string("Options|General"),
+          std::string("General|Units|mm"), "General" + std::string(253, '|')}) {
         EXPECT_FALSE(tree.ItemByPath(path).IsValidItem()) << path;
     }
     EXPECT_EQ(label("General" + std::string(252, '|')), "General"); // 259 bytes
