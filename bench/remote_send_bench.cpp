@@ -1,6 +1,7 @@
 // What a message with a parameter block costs, against a plain message and against the usual technique.
 
 #include "bench.h"
+#include "host_memory.h"
 
 #include "hostlink/module_instance.h"
 #include "hostlink/remote_send.h"
@@ -10,23 +11,6 @@
 #include <stdexcept>
 
 namespace {
-
-// Memory of the host, as tools that allocate there use it.
-class HostMemory {
-public:
-    HostMemory(HANDLE process, std::size_t size)
-        : m_process(process),
-          m_address(VirtualAllocEx(process, nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE)) {}
-    ~HostMemory() { VirtualFreeEx(m_process, m_address, 0, MEM_RELEASE); }
-    HostMemory(const HostMemory&) = delete;
-    HostMemory& operator=(const HostMemory&) = delete;
-
-    void* Address() const { return m_address; }
-
-private:
-    HANDLE m_process;
-    void* m_address;
-};
 
 void Measure(bench::Report& report) {
     const support::SampleHost host;
@@ -43,7 +27,7 @@ void Measure(bench::Report& report) {
                                     [&] { SendMessageA(target.window, WM_NULL, 0, 0); }};
     const bench::Contender hostMemory = {
         "allocate, write, send, read", [&] {
-            const HostMemory memory(process, block.size());
+            const bench::HostMemory memory(process, block.size());
             WriteProcessMemory(process, memory.Address(), block.data(), block.size(), nullptr);
             SendMessageA(target.window, WM_NULL, 0, reinterpret_cast<LPARAM>(memory.Address()));
             ReadProcessMemory(process, memory.Address(), block.data(), block.size(), nullptr);
