@@ -35,13 +35,16 @@ TEST_F(TrackBarTest, AMoveEndsLikeADragAlongTheBarsDirection) {
     EXPECT_EQ(ghTrackBar(vertical).Pos(), ghTrackBar(vertical).Min());
 }
 
-TEST_F(TrackBarTest, ADestroyedOneIsNotNotifiedAbout) {
+TEST_F(TrackBarTest, ADestroyedOneIsNotNotifiedAboutNorThisThread) {
     const HWND window = Control(ids::kHorizontalBar);
     ghTrackBar bar(window);
     bar.SetEnabledTimeout(0);
     SendMessageA(window, WM_CLOSE, 0, 0);
     ASSERT_FALSE(IsWindow(window));
+    bar.SetSynchronization(false);
     bar.SetPos(3);
+    MSG astray;
+    EXPECT_FALSE(PeekMessageA(&astray, reinterpret_cast<HWND>(-1), WM_HSCROLL, WM_VSCROLL, PM_REMOVE));
     EXPECT_EQ(bar.Pos(), 0);
     EXPECT_THAT(SeenBy(Page(), {WM_HSCROLL, WM_VSCROLL}), IsEmpty());
 }
