@@ -2,35 +2,28 @@
 
 #include "controlbars/popup_capture.h"
 #include "engine/synchronise.h"
-#include "inhouse/syncutil.h"
 #include "input/keyboard.h"
 
 namespace {
 
-constexpr DWORD kKeyPause = 50; // milliseconds
+constexpr unsigned kKeyPause = 50; // milliseconds
 
 } // namespace
 
 void ghBCGPopupMenuButton::Click(int, int, int) {
-    if (WalkHere()) {
+    if (controlbars::WalkWithKey(Toolbar(), VK_DOWN, kKeyPause, [this] { return Look(); })) {
         input::PressKey(Toolbar(), VK_RETURN, 0);
         engine::Synchronise(Toolbar());
     }
 }
 
-// Deliberately without a limit: an entry that never becomes hot keeps it walking. It ends with the popup.
-bool ghBCGPopupMenuButton::WalkHere() const {
-    for (;;) {
-        const auto hot = static_cast<int>(SendMessageA(Toolbar().Window(), TB_GETHOTITEM, 0, 0));
-        if (!IsWindow(Toolbar().Window())) {
-            return false;
-        }
-        if (hot == Index()) {
-            return true;
-        }
-        input::PressKey(Toolbar(), VK_DOWN, 0);
-        SafeWaitWithMessageLoop(0, nullptr, kKeyPause, TRUE, nullptr);
+controlbars::WalkState ghBCGPopupMenuButton::Look() const {
+    const auto hot = static_cast<int>(SendMessageA(Toolbar().Window(), TB_GETHOTITEM, 0, 0));
+    // Asked last: the popup may have gone during the message.
+    if (!IsWindow(Toolbar().Window())) {
+        return controlbars::WalkState::Gone;
     }
+    return hot == Index() ? controlbars::WalkState::Reached : controlbars::WalkState::NotYet;
 }
 
 std::unique_ptr<ghControlBar> ghBCGPopupMenuButton::Expand() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controlbars/ghToolbarButton.h"
+#include "controlbars/key_walk.h"
 
 class ghBCGPopupMenuButton : public ghToolbarButton {
 public:
@@ -14,5 +15,5 @@ public:
     std::unique_ptr<ghControlBar> Expand() override;
 
 private:
-    bool WalkHere() const;
+    controlbars::WalkState Look() const;
 };

@@ -11,8 +11,7 @@
 
 namespace {
 
-// Leaves the host time to close a menu: a further Escape would reach the window behind.
-constexpr DWORD kEscapePause = 50; // milliseconds
+constexpr DWORD kEscapePause = 10; // milliseconds
 
 } // namespace
 
@@ -57,10 +56,12 @@ int ghMenu::ItemsCount() const {
 
 void ghMenu::CloseMenu() {
     Send(WM_CANCELMODE, 0, 0);
-    // Without a limit, deliberately. Nothing is found any more when the host is gone.
+    // Without a limit, deliberately. Nothing is found any more when the host is gone. A key before the host
+    // has closed the menu would be one too many and reach the window behind.
     while (controlbars::FindCurrentContextMenu(*this) != nullptr) {
         input::PressKey(*this, VK_ESCAPE, 0);
         SafeWaitWithMessageLoop(0, nullptr, kEscapePause, TRUE, nullptr);
+        engine::Synchronise(*this);
     }
     engine::Synchronise(*this);
 }

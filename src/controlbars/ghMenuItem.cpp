@@ -2,13 +2,12 @@
 
 #include "controlbars/menu_item_info.h"
 #include "engine/synchronise.h"
-#include "inhouse/syncutil.h"
 #include "input/keyboard.h"
 #include "input/mouse.h"
 
 namespace {
 
-constexpr DWORD kKeyPause = 10; // milliseconds
+constexpr unsigned kKeyPause = 10; // milliseconds
 // A menu that is not open for so long has been closed, or will not open any more.
 constexpr ULONGLONG kLongestAbsence = 5000; // milliseconds
 
@@ -72,23 +71,22 @@ void ghMenuItem::EnterMenuBar() const {
     engine::Synchronise(m_menu);
 }
 
-// Deliberately without a limit: an item of an open menu that the keys never reach keeps it walking. It ends
-// when the menu is gone or closed.
 bool ghMenuItem::WalkTo(int navigationKey) const {
     ULONGLONG lastOpen = GetTickCount64();
-    while (const auto item = controlbars::ReadMenuItem(m_menu.Menu(), m_position)) {
-        if ((item->state & MFS_HILITE) != 0) {
-            return true;
-        }
-        const ULONGLONG now = GetTickCount64();
-        if (m_menu.IsOpen()) {
-            lastOpen = now;
-        }
-        if (now - lastOpen > kLongestAbsence || !IsWindow(m_menu.Window())) {
-            return false;
-        }
-        input::PressKey(m_menu, navigationKey, 0);
-        SafeWaitWithMessageLoop(0, nullptr, kKeyPause, TRUE, nullptr);
+    return controlbars::WalkWithKey(m_menu, navigationKey, kKeyPause, [&] { return Look(lastOpen); });
+}
+
+controlbars::WalkState ghMenuItem::Look(ULONGLONG& lastOpen) const {
+    const auto item = controlbars::ReadMenuItem(m_menu.Menu(), m_position);
+    if (!item || !IsWindow(m_menu.Window())) {
+        return controlbars::WalkState::Gone;
     }
-    return false;
+    if ((item->state & MFS_HILITE) != 0) {
+        return controlbars::WalkState::Reached;
+    }
+    const ULONGLONG now = GetTickCount64();
+    if (m_menu.IsOpen()) {
+        lastOpen = now;
+    }
+    return now - lastOpen > kLongestAbsence ? controlbars::WalkState::Gone : controlbars::WalkState::NotYet;
 }

@@ -3,6 +3,7 @@
 
 #include "controlbars/ghControlBarItem.h"
 #include "controlbars/ghMenu.h"
+#include "controlbars/key_walk.h"
 
 class ghMenuItem : public ghControlBarItem {
 public:
@@ -34,6 +35,8 @@ private:
     HMENU Submenu() const;
     void EnterMenuBar() const;
     bool WalkTo(int navigationKey) const;
+    // `lastOpen`: the tick at which the menu was last seen open.
+    controlbars::WalkState Look(ULONGLONG& lastOpen) const;
 
     int m_position;
     ghMenu m_menu;
