@@ -1,7 +1,13 @@
 ' Drives Notepad as a tester would: start one Notepad, then run "cscript notepad.vbs".
 Option Explicit
 
-Const kFont = 320 ' Edit > Font... of Wine's Notepad
+' Commands of Wine's Notepad.
+Const kNew = 256
+Const kOpen = 257
+Const kSaveAs = 259
+Const kFont = 320
+' Where the text is saved; kept from one run to the next, so that saving asks whether to replace it.
+Const kFile = "C:\ghosthand_demo.txt"
 
 ' Without this, Wine's cscript ends in silence on the first error.
 On Error Resume Next
@@ -38,6 +44,35 @@ Sub Main()
     dialog.Close
     If Not notepad.ActiveDialog(0) Is Nothing Then Fail "the dialog is still open"
     WScript.Echo "Dialog closed"
+
+    SaveAs notepad
+    notepad.Command kNew
+    WScript.Echo "New text:       """ & edit.Text & """"
+    Open notepad
+    WScript.Echo "Read back:      """ & edit.Text & """"
+    If edit.Text <> text Then Fail "the saved text was not read back"
+
+    notepad.MenuChars "f"
+    WScript.Echo "Menu opened:    File"
+End Sub
+
+Sub SaveAs(notepad)
+    Dim dialog, question
+    notepad.Command kSaveAs
+    Set dialog = notepad.OpenSaveDialog()
+    If dialog Is Nothing Then Fail "the dialog Save As did not open"
+    dialog.File kFile
+    Set question = notepad.ActiveDialog(0)
+    If Not question Is Nothing Then question.Button("", 6).Click ' Yes, replace it
+    WScript.Echo "Saved as:       " & kFile & ", title """ & notepad.Text & """"
+End Sub
+
+Sub Open(notepad)
+    Dim dialog
+    notepad.Command kOpen
+    Set dialog = notepad.OpenSaveDialog()
+    If dialog Is Nothing Then Fail "the dialog Open did not open"
+    dialog.File kFile
 End Sub
 
 Sub Fail(reason)
