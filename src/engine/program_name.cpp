@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include <psapi.h>
-
 namespace engine {
 
 namespace {
+
+constexpr DWORD kLongestPath = 32768; // terminator included
 
 class ProcessHandle {
 public:
@@ -26,15 +26,17 @@ private:
     HANDLE m_handle;
 };
 
+// The path of the program's file is one question to the system; to list a process's modules takes dozens of
+// reads in its memory.
 std::string ReadProgramName(DWORD processId) {
     const ProcessHandle process(processId);
-    HMODULE program = nullptr;
-    DWORD needed = 0;
-    char name[MAX_PATH] = "";
-    if (process.Get() != nullptr && K32EnumProcessModules(process.Get(), &program, sizeof program, &needed)) {
-        K32GetModuleBaseNameA(process.Get(), program, name, MAX_PATH);
+    std::string path(kLongestPath, '\0');
+    DWORD length = kLongestPath;
+    if (process.Get() == nullptr || !QueryFullProcessImageNameA(process.Get(), 0, path.data(), &length)) {
+        return {};
     }
-    return name;
+    path.resize(length);
+    return path.substr(path.find_last_of('\\') + 1);
 }
 
 } // namespace

@@ -23,7 +23,9 @@ public:
             EnumWindows(Callback, reinterpret_cast<LPARAM>(this));
             return;
         }
+        m_amongDescendants = m_criteria.parent != nullptr;
         EnumChildWindows(m_criteria.parent, Callback, reinterpret_cast<LPARAM>(this));
+        m_amongDescendants = false;
         if (m_criteria.result == nullptr) {
             EnumWindows(Callback, reinterpret_cast<LPARAM>(this));
         }
@@ -34,7 +36,7 @@ private:
     static BOOL CALLBACK Callback(HWND window, LPARAM run) noexcept {
         try {
             reinterpret_cast<SearchRun*>(run)->Visit(window);
-        } catch (const std::exception&) {
+        } catch (...) {
             return TRUE;
         }
         return TRUE;
@@ -55,10 +57,15 @@ private:
     // Every test costs a call to the system or to the other program: the cheap ones come first, and what
     // is ignored is not asked.
     bool Matches(HWND window) {
-        return HasWantedParent(m_criteria, window) && HasWantedVisibility(m_criteria, window) &&
+        return HasWantedPlace(window) && HasWantedVisibility(m_criteria, window) &&
                (!Has(kEnabledOnly) || IsWindowEnabled(window)) && HasWantedModule(window) &&
                HasWantedCaption(window) && HasWantedClass(window) && HasWantedStyle(window) &&
                HasWantedId(window) && (m_criteria.customTest == nullptr || m_criteria.customTest(window));
+    }
+
+    // An enumeration of descendants needs no question whether they are.
+    bool HasWantedPlace(HWND window) const noexcept {
+        return (m_amongDescendants && Has(kAnyDescendant)) || HasWantedParent(m_criteria, window);
     }
 
     bool HasWantedModule(HWND window) {
@@ -131,6 +138,7 @@ private:
 
     WindowCriteria& m_criteria;
     bool m_describes;
+    bool m_amongDescendants = false;
     ProgramNames m_programs;
 };
 
