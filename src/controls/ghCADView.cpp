@@ -1,6 +1,6 @@
 #include "controls/ghCADView.h"
 
-#include "controlbars/context_menu.h"
+#include "controlbars/popup_capture.h"
 #include "engine/activation.h"
 #include "engine/global_atom.h"
 #include "engine/synchronise.h"
@@ -71,8 +71,10 @@ void ghCADView::MouseMove(ViewPoint recorded, ViewSize reference, int keys) cons
 }
 
 std::unique_ptr<ghControlBar> ghCADView::ContextMenu(ViewPoint recorded, ViewSize reference) const {
-    const ViewPoint point = ActivateAndMap(recorded, reference);
-    return controlbars::OpenContextMenu(*this, point.x, point.y);
+    return controlbars::CapturePopup(*this, [&] {
+        const ViewPoint point = ActivateAndMap(recorded, reference);
+        input::Click(*this, input::kRightButton, point.x, point.y, 0, true);
+    });
 }
 
 // Activation can restore or maximise the window, so the size is read after it.

@@ -138,6 +138,23 @@ TEST_F(CadProgram, RecordedClicksHitTheSamePartAtAnotherViewSize) {
     EXPECT_EQ(view.CameraPosition(), "yaw=20.00 pitch=10.00 zoom=1.000");
 }
 
+TEST_F(CadProgram, ViewOpensItsContextMenuAtTheRecordedPoint) {
+    ghCADView view = View();
+    view.SetCameraPosition(kCamera, 500, 400);
+    view.Click(input::kLeftButton, {2, 2}, {0, 0}, 0);           // nothing is selected
+    const auto menu = view.ContextMenu({340, 380}, {1000, 800}); // the left wall, recorded at twice the size
+    ASSERT_NE(menu, nullptr);
+    ASSERT_THAT(host->Log().Records(WM_ENTERMENULOOP, view.Window()), SizeIs(1));
+    PostMessageA(view.Window(), WM_KEYDOWN, VK_ESCAPE, 1);
+    ASSERT_TRUE(Eventually([] { return !host->Log().Records(WM_EXITMENULOOP).empty(); }));
+    // The program has picked the part under the cursor: its entry hides it.
+    SendMessageA(view.Window(), WM_COMMAND, ids::kPartHide, 0);
+    view.Click(input::kLeftButton, {170, 190}, {500, 400}, 0);
+    EXPECT_TRUE(Eventually([] { return Status().starts_with("Picked") || Status() == "Nothing picked"; }));
+    EXPECT_NE(Status(), "Picked Left wall");
+    SendMessageA(view.Window(), WM_COMMAND, ids::kPartsShowAll, 0);
+}
+
 TEST_F(CadProgram, CameraTextsTravelAsAtomsAndLeaveNoneBehind) {
     ghCADView view = View();
     view.SetSynchronization(false);
