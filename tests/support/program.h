@@ -56,6 +56,7 @@ public:
     bool WaitForEnd(int seconds) const {
         return WaitForSingleObject(m_process.hProcess, static_cast<DWORD>(seconds) * 1000) == WAIT_OBJECT_0;
     }
+    DWORD MainThreadId() const { return m_process.dwThreadId; }
 
 private:
     PROCESS_INFORMATION m_process{};
