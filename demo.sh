@@ -1,6 +1,6 @@
 #!/bin/bash
 # Shows Ghosthand at work: installs what is missing, builds the server, registers it in a Wine prefix of
-# its own and lets two scripts drive two programs, Wine's Notepad and the sample host.
+# its own and lets scripts drive two programs, Wine's Notepad and the sample host.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 # shellcheck source=tools/wine/session.sh
@@ -43,8 +43,10 @@ say "Registering $module"
 session_run 60 regsvr32.exe /s "$(windows_path "$module")" ||
     fail "regsvr32 refused the server." "Start over with a new prefix: rm -r build/demo && ./demo.sh"
 
+sample_host=$(windows_path build/cross/samples/host/sample_host.exe)
 drive notepad notepad.exe
-drive sample_host "$(windows_path build/cross/samples/host/sample_host.exe)"
+drive sample_host "$sample_host"
+drive cad_story "$sample_host"
 
-printf '\nThe desktop after each script, with the text that it typed:\n%s\n%s\n' \
-    "$demo/sample_host.png" "$demo/notepad.png"
+printf '\nThe desktop after each script:\n'
+printf '%s\n' "$demo/cad_story.png" "$demo/sample_host.png" "$demo/notepad.png"

@@ -106,9 +106,9 @@ enum Command : unsigned {
     kListOpen = 754,    // "Open <index of the item>"
     kListAddItem = 755, // "Add item", below the items
     // Context menus of lists and tab controls
-    kItemAdd = 751,          // "Add item", where there is no item
-    kItemProperties = 752,   // "Properties of <text of the item>"
-    kItemDelete = 753,       // "Delete"
+    kItemAdd = 761,          // "Add item", where there is no item
+    kItemProperties = 762,   // "Properties of <text of the item>"
+    kItemDelete = 763,       // "Delete"
     kFirstManyButton = 2000, // "Button 0" and on, on the bar of 200 buttons
     kFirstManyItem = 3000,   // "Item 0" and on, in the menu of 500 items
     // &Window

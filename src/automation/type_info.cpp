@@ -29,23 +29,14 @@ constexpr WORD kMajorVersion = 1;
 constexpr WORD kMinorVersion = 0;
 constexpr LCID kLibraryLocale = 0x409; // the library is registered under this locale alone
 
-std::wstring ModulePath() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length =
-            GetModuleFileNameW(hostlink::ModuleInstance(), path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
-}
-
 HRESULT LoadLibraryOfTypes(ITypeLib** library) {
     const HRESULT registered =
         LoadRegTypeLib(LIBID_GhosthandLib, kMajorVersion, kMinorVersion, kLibraryLocale, library);
-    return SUCCEEDED(registered) ? registered : LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library);
+    if (SUCCEEDED(registered)) {
+        return registered;
+    }
+    const std::wstring path = hostlink::ModulePath(hostlink::ModuleInstance());
+    return LoadTypeLibEx(path.c_str(), REGKIND_NONE, library);
 }
 
 class TypeInformationCache {

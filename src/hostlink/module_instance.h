@@ -1,6 +1,8 @@
 // The instance handle of the module that holds the hook procedures.
 #pragma once
 
+#include <string>
+
 #include <windows.h>
 
 namespace hostlink {
@@ -8,5 +10,8 @@ namespace hostlink {
 // Called once, when the module is loaded. Hooks are installed with this handle.
 void SetModuleInstance(HINSTANCE instance) noexcept;
 HINSTANCE ModuleInstance() noexcept;
+
+// The full path of a loaded module, of any length. Throws std::system_error if the system does not know it.
+std::wstring ModulePath(HINSTANCE module);
 
 } // namespace hostlink

@@ -4,6 +4,7 @@
 
 #include "automation/module_lock.h"
 #include "automation/type_info.h"
+#include "hostlink/module_instance.h"
 #include "server/thread_locale.h"
 
 namespace {
@@ -58,7 +59,7 @@ HRESULT CGhosthandModule::UnregisterServer() const noexcept {
 HRESULT CGhosthandModule::WalkRegistration(server::RegistrationMode mode) const noexcept {
     const server::ThreadLocale systemLocale(LOCALE_SYSTEM_DEFAULT);
     try {
-        const server::Replacements replacements = {{L"MODULE", server::ModulePath(m_instance)},
+        const server::Replacements replacements = {{L"MODULE", hostlink::ModulePath(m_instance)},
                                                    {L"APPID", kApplicationId}};
         if (const HRESULT result =
                 server::RunRegistrationScript(m_instance, kApplicationScript, replacements, mode);

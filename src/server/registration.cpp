@@ -6,6 +6,7 @@
 #include <new>
 #include <system_error>
 
+#include "hostlink/module_instance.h"
 #include "server/registrar.h"
 
 namespace server {
@@ -66,7 +67,7 @@ HRESULT RunRegistrationScript(HINSTANCE module, UINT script, const Replacements&
 
 HRESULT RegisterTypeLibrary(HINSTANCE module, RegistrationMode mode) noexcept {
     try {
-        std::wstring path = ModulePath(module);
+        std::wstring path = hostlink::ModulePath(module);
         ITypeLib* loaded = nullptr;
         if (const HRESULT result = LoadTypeLibEx(path.c_str(), REGKIND_NONE, &loaded); FAILED(result))
             return result;
@@ -77,20 +78,6 @@ HRESULT RegisterTypeLibrary(HINSTANCE module, RegistrationMode mode) noexcept {
         return RegisterTypeLib(library.get(), path.data(), folder.data());
     } catch (...) {
         return FailureResult();
-    }
-}
-
-std::wstring ModulePath(HINSTANCE module) {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-        if (length == 0)
-            ThrowLastError();
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
     }
 }
 

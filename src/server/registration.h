@@ -19,9 +19,6 @@ HRESULT RunRegistrationScript(HINSTANCE module, UINT script, const Replacements&
 // it says of itself: its own version, locale and system kind.
 HRESULT RegisterTypeLibrary(HINSTANCE module, RegistrationMode mode) noexcept;
 
-// The path of a module. Throws std::system_error.
-std::wstring ModulePath(HINSTANCE module);
-
 // The result for the exception that is being handled.
 HRESULT FailureResult() noexcept;
 
