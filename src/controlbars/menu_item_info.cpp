@@ -10,7 +10,8 @@ static_assert((MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_STRING | MIIM_FTYPE) =
 } // namespace
 
 std::optional<MenuItemInfo> ReadMenuItem(HMENU menu, int position) {
-    char text[1024] = "";
+    char text[1024]; // not filled with zeros: menus with hundreds of items are searched
+    text[0] = '\0';
     MENUITEMINFOA info = {};
     info.cbSize = sizeof info;
     info.fMask = MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_STRING | MIIM_FTYPE;

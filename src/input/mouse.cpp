@@ -64,8 +64,7 @@ void Click(const ghBaseWindow& window, int button, int x, int y, int keys, bool 
     if (window.RealInput() || forceReal || (keys & kRealClick) != 0) {
         SendClick(window, button, x, y);
     } else {
-        PostClick(window, PostedMouse(window, x, y), ButtonOfCode(button),
-                  static_cast<WPARAM>(keys & ~kRealClick));
+        PostClick(window, PostedMouse(window, x, y), ButtonOfCode(button), static_cast<WPARAM>(keys));
     }
     engine::Synchronise(window);
 }

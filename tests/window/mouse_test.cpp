@@ -1,4 +1,5 @@
 // Mouse operations, as the messages that a window gets.
+#include "engine/wait_loop.h"
 #include "input/mouse.h"
 #include "input/mouse_block.h"
 #include "support/input_window.h"
@@ -32,6 +33,15 @@ protected:
             return message.message <= WM_MOUSEMOVE || message.message > WM_MOUSELAST;
         });
         return seen;
+    }
+    // Waits until it stays there: under Wine an earlier move of the cursor may come back late.
+    static void PutCursor(int x, int y) {
+        POINT cursor{};
+        for (int round = 0; round < 100 && (round == 0 || cursor.x != x || cursor.y != y); ++round) {
+            SetCursorPos(x, y);
+            engine::PumpOneStep();
+            GetCursorPos(&cursor);
+        }
     }
     POINT CursorInFrame() const {
         POINT cursor{};
@@ -151,6 +161,7 @@ TEST_F(MouseTest, ModifiersAreReleasedWhenTheWindowGoes) {
 TEST_F(MouseTest, NothingGoesToAWindowThatIsNotThere) {
     ghBaseWindow none;
     none.SetEnabledTimeout(0);
+    none.SetSynchronization(false); // which would dispatch what came to this thread
     input::Click(none, 1, 10, 20, 0);
     MSG message;
     EXPECT_FALSE(PeekMessageA(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE)) << "to this thread";
@@ -166,8 +177,8 @@ TEST_F(MouseTest, TheCursorIsParked) {
     EXPECT_EQ(CursorInFrame().y, 0);
 
     const auto parkAway = [&](int x, int y) {
-        SetCursorPos(x, y);
         m_host.Focus(m_host.Other());
+        PutCursor(x, y);
         input::ParkCursor(m_window, false);
         POINT cursor{};
         GetCursorPos(&cursor);
