@@ -26,7 +26,7 @@ Sub Main()
     Set edit = notepad.Edit()
     If edit Is Nothing Then Fail "the edit control was not found"
     WScript.Echo "Text before:    """ & edit.Text & """"
-    text = "Typed by a script through Ghosthand."
+    text = Space(24) & "Typed by a script through Ghosthand." ' beside the menu that is opened at the end
     edit.Text = text
     WScript.Echo "Text now:       """ & edit.Text & """"
     If edit.Text <> text Then Fail "the edit control did not take the text"
