@@ -41,7 +41,8 @@ inline constexpr char kSetKeyState[] = "MSG_GH_SET_KEY_STATE";
 // Sent to the main window, wParam 0, lParam 0; handled by a hook.
 inline constexpr char kGetLocale[] = "MSG_GH_GET_LOCALE";
 // Sent to a top-level window: wParam = global atom of a window's name (the sender deletes it),
-// lParam 0. Answer: the HWND that the host gives that name, 0 if none.
+// lParam 0. Answer: the HWND that the host gives that name, 0 if none. Names have at most 255 bytes and
+// are compared without regard to case, as atoms are.
 inline constexpr char kGetWindowByName[] = "MSG_HA_GetWindoHWND";
 // Sent to a CAD view. wParam 1: answer 1. wParam 0: answer a global atom that holds the camera text
 // (at most 255 bytes); the caller deletes it.

@@ -137,7 +137,8 @@ void ReleaseButton(HWND window, POINT point) {
 
 void Zoom(HWND window, int notches) {
     Camera camera = views[window].camera;
-    camera.zoom = std::clamp(camera.zoom * std::pow(kZoomPerNotch, notches), 0.1, 20.0);
+    const double zoom = std::clamp(camera.zoom * std::pow(kZoomPerNotch, notches), 0.1, 20.0);
+    camera.zoom = std::round(zoom * 1000) / 1000; // as exact as the camera's text
     Look(window, camera);
 }
 
@@ -180,12 +181,17 @@ void OnCommand(HWND window, unsigned command) {
     }
 }
 
-// wParam 1 asks whether this is a CAD view; otherwise the camera goes out as a global atom, which the
+// wParam 1 asks whether this is a CAD view; for 0 the camera goes out as a global atom, which the
 // asker deletes.
 LRESULT AnswerViewPosition(HWND window, WPARAM wParam) {
-    if (wParam == 1)
+    switch (wParam) {
+    case 1:
         return 1;
-    return GlobalAddAtomA(ToText(views[window].camera).c_str());
+    case 0:
+        return GlobalAddAtomA(ToText(views[window].camera).c_str());
+    default:
+        return 0;
+    }
 }
 
 // The atom belongs to the sender: it is read here and left alone.

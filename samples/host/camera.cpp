@@ -26,7 +26,7 @@ std::optional<Camera> CameraFromText(const std::string& text) {
         return std::nullopt;
     if (static_cast<std::size_t>(length) < text.size())
         camera.name = text.substr(static_cast<std::size_t>(length) + 1);
-    return camera;
+    return ToText(camera) == text ? std::optional(camera) : std::nullopt;
 }
 
 } // namespace sample_host

@@ -22,6 +22,7 @@ const UINT kOptionTree = RegisterWindowMessageA(message_name::kOptionTree);
 const UINT kRibbonWidget = RegisterWindowMessageA(message_name::kRibbonWidget);
 const UINT kCadTree = RegisterWindowMessageA(message_name::kCadTree);
 const UINT kGetViewPosition = RegisterWindowMessageA(message_name::kGetViewPosition);
+const UINT kGetWindowByName = RegisterWindowMessageA(message_name::kGetWindowByName);
 const UINT kSetViewPosition = RegisterWindowMessageA(message_name::kSetViewPosition);
 
 const RecordRequest kRecordRequests[] = {
@@ -55,6 +56,7 @@ bool IsContractRequest(UINT message) {
                              kCadTree,
                              kGetViewPosition,
                              kSetViewPosition,
+                             kGetWindowByName,
                              group_combo::kFindByNames,
                              group_combo::kHeadingOfItem};
     return std::ranges::find(requests, message) != std::end(requests);

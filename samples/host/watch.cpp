@@ -44,8 +44,6 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     }
     if (message == Messages().misbehave)
         return Misbehave(window, static_cast<Misbehaviour>(wParam), lParam);
-    if (message == Messages().getWindowByName)
-        return AnswerWindowByName(wParam);
     if (message == WM_NCDESTROY) {
         names.erase(window);
         ForgetMisbehaviour(window);
@@ -55,7 +53,10 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         if (!IsWindow(window))
             return 0;
     }
-    return AnswerInStyle(received, [&] { return DefSubclassProc(window, message, wParam, lParam); });
+    return AnswerInStyle(received, [&] {
+        return message == Messages().getWindowByName ? AnswerWindowByName(wParam)
+                                                     : DefSubclassProc(window, message, wParam, lParam);
+    });
 }
 
 LRESULT CALLBACK OnQueue(int code, WPARAM removed, LPARAM lParam) {
