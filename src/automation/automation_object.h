@@ -93,11 +93,14 @@ protected:
         return Run([&](Engine& engine) { Assign(result, body(engine)); });
     }
 
-    // A member whose engine does not exist yet.
+    // A member that this class deliberately does not have, though its interface does.
+    HRESULT NotImplemented() noexcept {
+        return Run([](const Engine&) -> HRESULT { return E_NOTIMPL; });
+    }
     template <class Result>
-    static HRESULT NotImplemented(Result* result) noexcept {
+    HRESULT NotImplemented(Result* result) noexcept {
         *result = {};
-        return E_NOTIMPL;
+        return NotImplemented();
     }
 
 private:

@@ -11,7 +11,7 @@ public:
 
     // The text and the image of a CAD tree's item are deliberately out of a script's reach.
     HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) override { return NotImplemented(result); }
-    HRESULT STDMETHODCALLTYPE put_Text(BSTR) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE put_Text(BSTR) override { return NotImplemented(); }
     HRESULT STDMETHODCALLTYPE get_StateImage(LONG* result) override { return NotImplemented(result); }
 
     HRESULT STDMETHODCALLTYPE get_Visible(VARIANT_BOOL* result) override {

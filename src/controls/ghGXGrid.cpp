@@ -34,7 +34,7 @@ std::string ghGXGrid::CellText(int row, int column) const {
 }
 
 bool ghGXGrid::SetCellText(int row, int column, const std::string& text) const {
-    if (!HasCell(row, column)) {
+    if (!controls::FitsTextBuffer(text) || !HasCell(row, column)) {
         return false;
     }
     grid::CellRequest cell = {row, column, {}};

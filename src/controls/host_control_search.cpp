@@ -25,28 +25,29 @@ bool IsCadView(HWND window) {
     return SendMessageA(window, hostlink::MSG_HA_GetViewPosition, 1, 0) == 1;
 }
 
-HWND FindBelow(HWND from, engine::WindowCriteria& criteria) {
-    if (from == nullptr) {
-        return nullptr; // a null parent would search the whole desktop
-    }
-    criteria.parent = from;
-    return engine::Search(criteria) ? criteria.result : nullptr;
+DWORD ProcessOf(HWND window) noexcept {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(window, &processId);
+    return processId;
 }
 
-// The other windows of the desktop are not asked: a program that hangs would block the script.
 struct CadViewSearch {
     DWORD processId;
     HWND result = nullptr;
 };
 
-BOOL CALLBACK VisitForCadView(HWND window, LPARAM parameter) noexcept {
+BOOL CALLBACK VisitDescendant(HWND window, LPARAM parameter) noexcept {
     auto& search = *reinterpret_cast<CadViewSearch*>(parameter);
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    if (processId == search.processId && IsCadView(window)) {
+    if (IsCadView(window)) {
         search.result = window;
     }
     return search.result == nullptr;
+}
+
+// The top-level windows of other programs are not asked: one that hangs would block the script.
+BOOL CALLBACK VisitTopLevel(HWND window, LPARAM parameter) noexcept {
+    const auto& search = *reinterpret_cast<const CadViewSearch*>(parameter);
+    return ProcessOf(window) == search.processId ? VisitDescendant(window, parameter) : TRUE;
 }
 
 } // namespace
@@ -66,29 +67,23 @@ HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags) {
         (flags & kHonoured) | engine::kIgnoreCaption | engine::kIgnoreClass | engine::kIgnoreStyle;
     engine::WantId(criteria, id);
     criteria.customTest = IsGrid;
-    return FindBelow(from, criteria);
+    return engine::FindBelow(from, criteria);
 }
 
 HWND FindCadView(HWND from) {
-    CadViewSearch search = {};
-    if (from == nullptr || GetWindowThreadProcessId(from, &search.processId) == 0) {
+    CadViewSearch search = {ProcessOf(from)};
+    if (search.processId == 0) {
         return nullptr;
     }
-    EnumChildWindows(from, VisitForCadView, reinterpret_cast<LPARAM>(&search));
+    EnumChildWindows(from, VisitDescendant, reinterpret_cast<LPARAM>(&search));
     if (search.result == nullptr) {
-        EnumWindows(VisitForCadView, reinterpret_cast<LPARAM>(&search));
+        EnumWindows(VisitTopLevel, reinterpret_cast<LPARAM>(&search));
     }
     return search.result;
 }
 
 HWND FindRibbonWidget(HWND from, std::string_view name, std::int64_t id, std::uint32_t flags) {
-    engine::WindowCriteria criteria;
-    criteria.flags = flags | engine::kIgnoreStyle;
-    engine::WantCaption(criteria, name);
-    engine::WantClass(criteria, "Static");
-    engine::WantId(criteria, id);
-    criteria.customTest = IsRibbonWidget;
-    return FindBelow(from, criteria);
+    return engine::FindChildWindow(from, name, "Static", id, flags, IsRibbonWidget);
 }
 
 } // namespace controls

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "engine/ghBaseWindow.h"
 
@@ -14,6 +15,10 @@ namespace controls {
 // pointer to its own in place. Empty if it did neither. `bufferOffset`: of the TextBuffer in the record.
 std::string RequestText(const ghBaseWindow& window, UINT message, WPARAM request, std::span<std::byte> record,
                         std::size_t bufferOffset);
+
+// Whether the host's buffer holds the text with its terminator. A text that it does not hold is reported
+// to the diagnostic sink.
+bool FitsTextBuffer(std::string_view text);
 
 // Hands a text to the host. The request's result; 0 for a text that does not fit the buffer, of which
 // nothing is sent.

@@ -13,14 +13,6 @@ HWND ResultOf(WindowCriteria& criteria) {
     return Search(criteria) ? criteria.result : nullptr;
 }
 
-HWND FindBelow(HWND from, WindowCriteria& criteria) {
-    if (from == nullptr) {
-        return nullptr; // a null parent would search the whole desktop
-    }
-    criteria.parent = from;
-    return ResultOf(criteria);
-}
-
 bool IsCheckBox(HWND window) noexcept {
     switch (hostlink::WindowStyle(window) & BS_TYPEMASK) {
     case BS_CHECKBOX:
@@ -33,17 +25,15 @@ bool IsCheckBox(HWND window) noexcept {
     }
 }
 
-WindowCriteria ChildWindowCriteria(std::string_view caption, std::string_view className, std::int64_t id,
-                                   std::uint32_t flags) {
-    WindowCriteria criteria;
-    criteria.flags = flags | kIgnoreStyle;
-    WantCaption(criteria, caption);
-    WantClass(criteria, className);
-    WantId(criteria, id);
-    return criteria;
-}
-
 } // namespace
+
+HWND FindBelow(HWND from, WindowCriteria& criteria) {
+    if (from == nullptr) {
+        return nullptr; // a null parent would search the whole desktop
+    }
+    criteria.parent = from;
+    return ResultOf(criteria);
+}
 
 HWND FindMainWindow(std::string_view application, std::string_view caption, std::string_view className,
                     std::uint32_t flags) {
@@ -76,8 +66,13 @@ HWND FindTabControl(HWND from, std::int64_t id, std::uint32_t flags) {
 }
 
 HWND FindChildWindow(HWND from, std::string_view caption, std::string_view className, std::int64_t id,
-                     std::uint32_t flags) {
-    WindowCriteria criteria = ChildWindowCriteria(caption, className, id, flags);
+                     std::uint32_t flags, bool (*customTest)(HWND)) {
+    WindowCriteria criteria;
+    criteria.flags = flags | kIgnoreStyle;
+    WantCaption(criteria, caption);
+    WantClass(criteria, className);
+    WantId(criteria, id);
+    criteria.customTest = customTest;
     return FindBelow(from, criteria);
 }
 
@@ -100,11 +95,7 @@ HWND FindButton(HWND from, std::string_view caption, std::int64_t id, std::uint3
 }
 
 HWND FindCheckBox(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags) {
-    WindowCriteria criteria = ChildWindowCriteria(caption, "Button", id, flags);
-    if (id < 1) {
-        criteria.customTest = IsCheckBox;
-    }
-    return FindBelow(from, criteria);
+    return FindChildWindow(from, caption, "Button", id, flags, id < 1 ? IsCheckBox : nullptr);
 }
 
 HWND FindActiveDocument(HWND from) {

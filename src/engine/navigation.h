@@ -29,12 +29,14 @@ inline constexpr ControlKind kTrackBar = {"msctls_trackbar32"};
 HWND FindMainWindow(std::string_view application, std::string_view caption, std::string_view className,
                     std::uint32_t flags);
 
+// The first window below `from` that meets the criteria; their parent is set here.
+HWND FindBelow(HWND from, WindowCriteria& criteria);
 HWND FindControl(HWND from, const ControlKind& kind, std::int64_t id, std::uint32_t flags);
 // A tab control of the system before one of the host's own kinds.
 HWND FindTabControl(HWND from, std::int64_t id, std::uint32_t flags);
 // Caption and class are tested by containment unless they are empty.
 HWND FindChildWindow(HWND from, std::string_view caption, std::string_view className, std::int64_t id,
-                     std::uint32_t flags);
+                     std::uint32_t flags, bool (*customTest)(HWND) = nullptr);
 HWND FindChildDialog(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags);
 // The parent of the label, else of the button, with that caption and id at any depth below `from`.
 HWND FindChildDialogByControl(HWND from, std::string_view caption, std::int64_t id, bool visibleOnly);
