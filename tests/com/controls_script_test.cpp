@@ -32,7 +32,8 @@ protected:
         commandLine += argument;
         commandLine += "\"";
         // A file for each script: the console of the one before may still hold its own.
-        const auto output = std::filesystem::temp_directory_path() / (script + ".txt");
+        const auto output = std::filesystem::temp_directory_path() /
+                            std::filesystem::path(script).filename().replace_extension(".txt");
         std::filesystem::remove(output);
         {
             const Program host(commandLine, output.string());
@@ -55,6 +56,11 @@ TEST_F(ControlsScriptTest, SampleHost) {
 
 TEST_F(ControlsScriptTest, TreesAndListViewsOfTheSampleHost) {
     EXPECT_THAT(Drive(SampleHostProgram(), "trees_and_list_views.vbs"), EndsWith("Done\r\n"));
+}
+
+TEST_F(ControlsScriptTest, CadProgram) {
+    EXPECT_THAT(Drive(SampleHostProgram(), "..\\..\\..\\samples\\scripts\\cad_story.vbs"),
+                EndsWith("Done\r\n"));
 }
 
 #ifdef DRIVE_WINE_PROGRAMS // programs with these controls and commands

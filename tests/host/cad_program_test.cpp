@@ -82,7 +82,8 @@ TEST_F(CadProgram, GroupComboBelongsItemsToTheHeadingsAboveThem) {
 TEST_F(CadProgram, GroupComboSelectsByIndexAndByBothNames) {
     const ghGroupCombo combo = Combo();
     EXPECT_FALSE(combo.SelectItemByName("Metals", "PEEK"));
-    EXPECT_THAT(host->Log().Records(CB_SETCURSEL, combo.Window()), IsEmpty());
+    for (const UINT message : {UINT{CB_SETCURSEL}, UINT{WM_SETFOCUS}})
+        EXPECT_THAT(host->Log().Records(message, combo.Window()), IsEmpty());
     ASSERT_TRUE(combo.SelectItemByName("Plastics", "Custom"));
     EXPECT_EQ(combo.Text(), "Custom");
     EXPECT_EQ(combo.HeadingText(), "Plastics");
@@ -188,6 +189,31 @@ TEST_F(CadProgram, CameraTextsTravelAsAtomsAndLeaveNoneBehind) {
     }
     EXPECT_EQ(GlobalAtoms(), atoms);
     EXPECT_EQ(engine::FindWindowByName(view.Window(), std::string(256, 'x')), nullptr);
+}
+
+TEST_F(CadProgram, CameraIsReadOnceTheViewIsEnabled) {
+    ghCADView view = View();
+    view.SetSynchronization(false);
+    view.SetCameraPosition(kCamera, 0, 0);
+    host->ClearLog();
+    SampleHost::Misbehave(view.Window(), Misbehaviour::Disable, 500);
+    EXPECT_EQ(view.CameraPosition(), kCamera);
+    const auto enabled = host->Log().Records(WM_ENABLE, view.Window());
+    ASSERT_THAT(enabled, SizeIs(2));
+    const auto asked = host->Log().Records(RegisterWindowMessageA("MSG_HA_GetViewPosition"), view.Window());
+    ASSERT_THAT(asked, SizeIs(1));
+    EXPECT_GE(asked[0].number, enabled[1].number);
+}
+
+TEST_F(CadProgram, NamesThatTheHostAnswersWithoutAWindowFindNothing) {
+    const HWND view = host->Window("CAD.1101"), frame = host->Frame();
+    for (const Misbehaviour answer :
+         {Misbehaviour::AnswerNothing, Misbehaviour::AnswerGarbage, Misbehaviour::Answer165}) {
+        SampleHost::Misbehave(frame, answer);
+        EXPECT_EQ(engine::FindWindowByName(view, "CAD.1101"), nullptr);
+    }
+    SampleHost::Misbehave(frame, Misbehaviour::AnswerProperly);
+    EXPECT_EQ(engine::FindWindowByName(view, "cad.1101"), view);
 }
 
 } // namespace
