@@ -35,8 +35,11 @@ bool ghComboBox::SelectItem(int index) const {
         return false;
     }
     engine::WaitUntilReady(*this);
-    if (const HWND inner = InnerCombo(*this)) {
-        return ghComboBox(inner).SelectItem(index);
+    if (const HWND window = InnerCombo(*this)) {
+        ghComboBox inner(window);
+        inner.SetSynchronization(Synchronization());
+        inner.SetEnabledTimeout(EnabledTimeout());
+        return inner.SelectItem(index);
     }
     controls::SelectComboItem(*this, index);
     return true;

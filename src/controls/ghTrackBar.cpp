@@ -13,9 +13,11 @@ int ghTrackBar::Pos() const noexcept {
 void ghTrackBar::SetPos(int position) const {
     engine::WaitUntilReady(*this);
     const bool isVertical = (hostlink::WindowStyle(Window()) & TBS_VERT) != 0;
-    const HWND parent = GetParent(Window());
-    if (parent != nullptr) { // posts to no window would go to this thread
+    // Posts to no window would go to this thread.
+    if (IsValid()) {
         PostMessageA(Window(), TBM_SETPOS, TRUE, position);
+    }
+    if (const HWND parent = GetParent(Window())) {
         PostMessageA(parent, isVertical ? WM_VSCROLL : WM_HSCROLL, TB_ENDTRACK,
                      reinterpret_cast<LPARAM>(Window()));
     }

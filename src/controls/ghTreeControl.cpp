@@ -1,5 +1,7 @@
 #include "controls/ghTreeControl.h"
 
+#include <functional>
+
 #include "controlbars/context_menu.h"
 #include "controls/ghTreeItem.h"
 #include "controls/item_point.h"
@@ -9,27 +11,36 @@
 
 namespace {
 
-// The tokens of a path that leads somewhere; nullopt for an empty or a too long one.
-std::optional<controls::PathTokenList> Tokens(const std::string& path, std::string_view separators) {
-    return path.empty() ? std::nullopt : engine::PathTokens(path, separators);
+// Finds the item of a path; an empty path leads nowhere. Null for a path that is too long, with which
+// nothing is done at all.
+using FindItem = std::function<HTREEITEM()>;
+
+FindItem FinderByNumbers(const ghTreeControl& tree, const std::string& path) {
+    const auto tokens = engine::PathTokens(path, engine::kTreeNumberSeparators);
+    return !tokens ? FindItem() : [&tree, isEmpty = path.empty(), tokens = *tokens] {
+        return isEmpty ? nullptr : controls::FindByNumbers(tree.Window(), tokens);
+    };
 }
 
-HTREEITEM FindByNumbers(const ghTreeControl& tree, const std::string& path) {
-    const auto tokens = Tokens(path, engine::kTreeNumberSeparators);
-    return tokens ? controls::FindByNumbers(tree.Window(), *tokens) : nullptr;
-}
-
-HTREEITEM FindByNames(const ghTreeControl& tree, const std::string& path) {
-    const auto tokens = Tokens(path, engine::kTreeNameSeparators);
-    return tokens ? controls::FindByNames(tree.Host(), *tokens) : nullptr;
+FindItem FinderByNames(const ghTreeControl& tree, const std::string& path) {
+    const auto tokens = engine::PathTokens(path, engine::kTreeNameSeparators);
+    return !tokens ? FindItem() : [&tree, isEmpty = path.empty(), tokens = *tokens] {
+        return isEmpty ? nullptr : controls::FindByNames(tree.Host(), tokens);
+    };
 }
 
 std::unique_ptr<ghTreeItem> MakeFound(const ghTreeControl& tree, HTREEITEM item) {
     return item == nullptr ? nullptr : tree.MakeItem(item);
 }
 
-template <class Find>
-bool SelectFound(const ghTreeControl& tree, Find find) {
+std::unique_ptr<ghTreeItem> MakeFound(const ghTreeControl& tree, const FindItem& find) {
+    return find ? MakeFound(tree, find()) : nullptr;
+}
+
+bool SelectFound(const ghTreeControl& tree, const FindItem& find) {
+    if (!find) {
+        return false;
+    }
     engine::Activate(tree);
     engine::WaitUntilReady(tree);
     const HTREEITEM item = find();
@@ -61,7 +72,7 @@ std::unique_ptr<ghTreeItem> ghTreeControl::MakeItem(HTREEITEM item) const {
 }
 
 std::unique_ptr<ghTreeItem> ghTreeControl::ItemByNumPath(const std::string& path) const {
-    return MakeFound(*this, FindByNumbers(*this, path));
+    return MakeFound(*this, FinderByNumbers(*this, path));
 }
 
 std::unique_ptr<ghTreeItem> ghTreeControl::ItemByNum(int number) const {
@@ -69,7 +80,7 @@ std::unique_ptr<ghTreeItem> ghTreeControl::ItemByNum(int number) const {
 }
 
 std::unique_ptr<ghTreeItem> ghTreeControl::ItemByPath(const std::string& path) const {
-    return MakeFound(*this, FindByNames(*this, path));
+    return MakeFound(*this, FinderByNames(*this, path));
 }
 
 std::unique_ptr<ghTreeItem> ghTreeControl::SelectedItem() const {
@@ -77,8 +88,7 @@ std::unique_ptr<ghTreeItem> ghTreeControl::SelectedItem() const {
 }
 
 bool ghTreeControl::SelectItem(const std::string& path) {
-    return path.size() <= engine::kLongestPath &&
-           SelectFound(*this, [&] { return FindByNumbers(*this, path); });
+    return SelectFound(*this, FinderByNumbers(*this, path));
 }
 
 bool ghTreeControl::SelectItemByNum(int number) {
@@ -86,8 +96,7 @@ bool ghTreeControl::SelectItemByNum(int number) {
 }
 
 bool ghTreeControl::SelectItemByPath(const std::string& path) {
-    return path.size() <= engine::kLongestPath &&
-           SelectFound(*this, [&] { return FindByNames(*this, path); });
+    return SelectFound(*this, FinderByNames(*this, path));
 }
 
 std::unique_ptr<ghControlBar> ghTreeControl::ContextMenu(bool selected) {

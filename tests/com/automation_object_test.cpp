@@ -125,11 +125,24 @@ TEST_F(AutomationObject, TestsOnlySomeOutPointers) {
     EXPECT_EQ(main->ComboBoxByID(nullptr, 60, nullptr), E_POINTER);
     EXPECT_EQ(main->GroupComboByID(nullptr, 60, nullptr), E_POINTER);
     EXPECT_EQ(main->RibCustomisationWidgetByID(nullptr, 60, nullptr), E_POINTER);
+    EXPECT_EQ(Create<ITreeControl>(CLSID_TreeControl)->SelectItemByPath(Bstr(L"x"), nullptr), E_FAIL);
     EXPECT_EQ(main->GetTypeInfoCount(nullptr), E_POINTER);
     EXPECT_EQ(main->GetTypeInfo(0, 0, nullptr), E_POINTER);
     auto* information = reinterpret_cast<ITypeInfo*>(1);
     EXPECT_EQ(main->GetTypeInfo(1, 0, &information), DISP_E_BADINDEX);
     EXPECT_EQ(information, nullptr);
+}
+
+TEST_F(AutomationObject, OfTheFileDialogTellsThatItsErrorsHaveATextOfTheirOwn) {
+    const auto dialog = Create<IOpenSaveDialog>(CLSID_OpenSaveDialog);
+    ComPointer<ISupportErrorInfo> support;
+    ASSERT_EQ(dialog->QueryInterface(IID_ISupportErrorInfo, support.ReceiveVoid()), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(IOpenSaveDialog)), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(IBaseWindow)), S_FALSE);
+    ComPointer<IUnknown> fromDialog, fromSupport;
+    ASSERT_EQ(dialog->QueryInterface(IID_IUnknown, fromDialog.ReceiveVoid()), S_OK);
+    ASSERT_EQ(support->QueryInterface(IID_IUnknown, fromSupport.ReceiveVoid()), S_OK);
+    EXPECT_EQ(fromDialog.Get(), fromSupport.Get());
 }
 
 // A client may create it, but nothing stands behind it.

@@ -66,4 +66,14 @@ TEST_F(CheckBoxTest, AStateThatCannotBeReachedTakesTwoClicks) {
     EXPECT_EQ(box.CheckedState(), before);
 }
 
+TEST_F(CheckBoxTest, IsNotWaitedForOnceItHasGoneWithTheClick) {
+    ghCheckBox box(Control(ids::kTriStateBox));
+    SendMessageA(box.Window(), BM_SETCHECK, BST_UNCHECKED, 0);
+    Host().Misbehave(box.Window(), sample_host::Misbehaviour::DestroyOnClick);
+    box.SetEnabledTimeout(600); // ten minutes would be the second click's wait
+    box.SetChecked(true);
+    EXPECT_FALSE(IsWindow(box.Window()));
+    EXPECT_EQ(Clicks(box), 1u);
+}
+
 } // namespace

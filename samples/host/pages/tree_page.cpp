@@ -163,6 +163,7 @@ void AddLazyTree(HWND page) {
     const HWND tree = AddTree(page, ids::kLazyTree, 0, {430, 10, 200, 240}, RemoveExpandedItem);
     AddLazyChildren(tree, nullptr);
     Add(tree, TVI_ROOT, "Vanishing");
+    Add(tree, TVI_ROOT, "Vanishing");
     Add(tree, TVI_ROOT, "After it");
 }
 
