@@ -10,9 +10,13 @@ else()
         -Wno-cast-function-type>)
 endif()
 if(WIN32)
-    # The engine speaks ANSI, as the host programs do.
+    # UNICODE is left undefined on purpose: the engine speaks ANSI, as the host programs do.
     target_compile_definitions(ghosthand_options INTERFACE
         WIN32_LEAN_AND_MEAN NOMINMAX STRICT WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+    if(MSVC)
+        # sscanf and getenv are used with bounds; their replacements exist in this compiler alone.
+        target_compile_definitions(ghosthand_options INTERFACE _CRT_SECURE_NO_WARNINGS)
+    endif()
     if(MINGW)
         target_link_options(ghosthand_options INTERFACE -static)
         # Leaves out what no exported function needs: every driven program maps the module.

@@ -4,6 +4,7 @@
 // All records are little endian and travel through memory that the host's GUI thread can address.
 // Texts are ANSI (the system code page) and NUL-terminated. Every request is sent, on the host's GUI
 // thread, to the control that it concerns; a host answers 0 to a request that it does not know.
+// The header needs C++17 and nothing of Windows.
 #pragma once
 
 #include <cstddef>

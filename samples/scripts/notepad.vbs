@@ -1,4 +1,5 @@
-' Drives Notepad as a tester would: start one Notepad, then run "cscript notepad.vbs".
+' Drives Wine's Notepad as a tester would: start one Notepad, then run "cscript notepad.vbs". On Windows, whose
+' Notepad has other commands and controls, run sample_host.vbs or cad_story.vbs.
 Option Explicit
 
 ' Commands of Wine's Notepad.
