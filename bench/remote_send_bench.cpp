@@ -12,6 +12,9 @@
 
 namespace {
 
+// A message that means nothing to the window.
+constexpr UINT kIgnored = WM_APP;
+
 void Measure(bench::Report& report) {
     // A window that the sample host does not watch: its log would cost more than the messages do.
     const support::SampleHost host("--many-children 1");
@@ -23,19 +26,19 @@ void Measure(bench::Report& report) {
     const hostlink::HostWindow target = {edit, host.ThreadId()};
     const HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, host.ProcessId());
     std::array<std::byte, 64> block = {};
-    if (hostlink::RemoteSend(target, WM_GETTEXTLENGTH, 0, block) == 0) {
+    if (!hostlink::TryRemoteSend(target, kIgnored, 0, block)) {
         throw std::runtime_error("remote send does not reach the sample host");
     }
 
     const bench::Contender remoteSend = {"remote send of 64 bytes",
-                                         [&] { hostlink::RemoteSend(target, WM_NULL, 0, block); }};
-    const bench::Contender plain = {"plain SendMessageA(WM_NULL)",
-                                    [&] { SendMessageA(target.window, WM_NULL, 0, 0); }};
+                                         [&] { hostlink::RemoteSend(target, kIgnored, 0, block); }};
+    const bench::Contender plain = {"plain SendMessageA",
+                                    [&] { SendMessageA(target.window, kIgnored, 0, 0); }};
     const bench::Contender hostMemory = {
         "allocate, write, send, read", [&] {
             const bench::HostMemory memory(process, block.size());
             WriteProcessMemory(process, memory.Address(), block.data(), block.size(), nullptr);
-            SendMessageA(target.window, WM_NULL, 0, reinterpret_cast<LPARAM>(memory.Address()));
+            SendMessageA(target.window, kIgnored, 0, reinterpret_cast<LPARAM>(memory.Address()));
             ReadProcessMemory(process, memory.Address(), block.data(), block.size(), nullptr);
         }};
     report.Compare(remoteSend, plain, {.aim = 2.0, .rounds = 1001});

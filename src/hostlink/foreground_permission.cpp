@@ -1,6 +1,7 @@
 #include "hostlink/foreground_permission.h"
 
 #include "hostlink/hook.h"
+#include "hostlink/host_window.h"
 #include "hostlink/registered_messages.h"
 #include "hostlink/shared_section.h"
 
@@ -8,12 +9,8 @@ namespace hostlink {
 
 namespace {
 
-// How long a foreground program may take to answer. It need not be the host: any program of the desktop
-// may hang, and the script must not hang with it.
-constexpr UINT kAnswerMilliseconds = 1000;
-
 LRESULT CALLBACK ForegroundProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    if (AwaitedCall(code, lParam, shared.sendRemotelyMsg) == nullptr) {
+    if (AwaitedCall(code, lParam, AwaitedSendRemotelyMessage()) == nullptr) {
         return CallNext(shared.foregroundHook, code, wParam, lParam);
     }
     RemoveFiredHook(shared.foregroundHook);
@@ -29,10 +26,11 @@ void PermitForeground() noexcept {
         return;
     }
     const UINT message = SendRemotelyMessage();
-    const OneShotHook hook(shared.foregroundHook, WH_CALLWNDPROC, ForegroundProcedure,
-                           GetWindowThreadProcessId(foreground, nullptr));
+    const ScopedHook hook(shared.foregroundHook, WH_CALLWNDPROC, ForegroundProcedure,
+                          GetWindowThreadProcessId(foreground, nullptr));
     if (hook.Installed()) {
-        SendMessageTimeoutA(foreground, message, 0, 0, SMTO_ABORTIFHUNG, kAnswerMilliseconds, nullptr);
+        // It need not be the host: any program of the desktop may hang, and the script must not hang with it.
+        SendMessageTimeoutA(foreground, message, 0, 0, SMTO_ABORTIFHUNG, kHungMilliseconds, nullptr);
     }
 }
 

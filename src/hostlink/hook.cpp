@@ -13,24 +13,20 @@ ScopedHook::ScopedHook(volatile std::uint64_t& published, int type, HOOKPROC pro
 }
 
 ScopedHook::~ScopedHook() {
-    // Compared first: a call that re-entered during a wait may have published a hook of its own.
-    if (m_handle != nullptr) {
-        UnhookWindowsHookEx(m_handle);
-        if (m_published == FromHandle(m_handle)) {
-            m_published = 0;
-        }
+    if (m_handle == nullptr) {
+        return;
+    }
+    UnhookWindowsHookEx(m_handle);
+    // Compared first: a call that re-entered during a wait, or another script, may have published its own.
+    if (m_published == FromHandle(m_handle)) {
+        m_published = 0;
     }
 }
 
-OneShotHook::~OneShotHook() {
-    if (m_published == 0) {
-        m_handle = nullptr; // it has fired and is gone
-    }
-}
-
-void RemoveFiredHook(volatile std::uint64_t& published) noexcept {
-    UnhookWindowsHookEx(ToHook(published));
+bool RemoveFiredHook(volatile std::uint64_t& published) noexcept {
+    const bool removed = UnhookWindowsHookEx(ToHook(published)) != FALSE;
     published = 0;
+    return removed;
 }
 
 LRESULT CallNext(volatile std::uint64_t& published, int code, WPARAM wParam, LPARAM lParam) noexcept {
@@ -39,7 +35,9 @@ LRESULT CallNext(volatile std::uint64_t& published, int code, WPARAM wParam, LPA
 
 const CWPSTRUCT* AwaitedCall(int code, LPARAM lParam, UINT awaited) noexcept {
     const auto* call = reinterpret_cast<const CWPSTRUCT*>(lParam);
-    return code >= 0 && awaited != 0 && call->message == awaited ? call : nullptr;
+    const bool isAwaited = code >= 0 && awaited != 0 && call->message == awaited;
+    return isAwaited && GetWindowThreadProcessId(call->hwnd, nullptr) == GetCurrentThreadId() ? call
+                                                                                              : nullptr;
 }
 
 } // namespace hostlink

@@ -21,15 +21,22 @@ LRESULT CALLBACK LocaleProcedure(int code, WPARAM wParam, LPARAM lParam) noexcep
     return CallNext(shared.localeHook, code, wParam, lParam);
 }
 
+bool IsInThisProcess(const HostWindow& window) noexcept {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(window.window, &processId);
+    return processId == GetCurrentProcessId();
+}
+
 // Unlike the other hooks this one is left in place, until the next main window is looked up.
-bool ReplaceLocaleHook(DWORD threadId) noexcept {
+bool ReplaceLocaleHook(const HostWindow& mainWindow) noexcept {
     if (shared.localeHook != 0) {
         UnhookWindowsHookEx(ToHook(shared.localeHook));
         shared.localeHook = 0;
     }
-    if (threadId != 0) {
-        shared.localeHook =
-            FromHandle(SetWindowsHookExA(WH_CALLWNDPROC, LocaleProcedure, ModuleInstance(), threadId));
+    // On a thread of this very process the hook would outlive the module.
+    if (mainWindow.threadId != 0 && (!IsInThisProcess(mainWindow) || PinModule())) {
+        shared.localeHook = FromHandle(
+            SetWindowsHookExA(WH_CALLWNDPROC, LocaleProcedure, ModuleInstance(), mainWindow.threadId));
     }
     return shared.localeHook != 0;
 }
@@ -43,8 +50,9 @@ void AdoptHostLocale(const HostWindow& mainWindow) noexcept {
     PostMessageA(mainWindow.window, kIdleProcessingMessage, 1, 0);
     SafeWaitWithMessageLoop(0, nullptr, kIdleProcessingMilliseconds, TRUE, nullptr);
     shared.hostLocale = 0;
-    if (ReplaceLocaleHook(mainWindow.threadId)) {
-        SendMessageA(mainWindow.window, MSG_GH_GET_LOCALE, 0, 0);
+    if (ReplaceLocaleHook(mainWindow)) {
+        SendMessageTimeoutA(mainWindow.window, MSG_GH_GET_LOCALE, 0, 0, SMTO_ABORTIFHUNG, kHungMilliseconds,
+                            nullptr);
     }
     if (shared.hostLocale != 0) {
         SetThreadLocale(shared.hostLocale);

@@ -6,8 +6,8 @@
 namespace hostlink {
 
 // Gives the calling thread the locale of the thread of the host's main window, so that text that depends
-// on a locale is handled alike on both sides. Takes at least 10 ms, in which messages are pumped. The
-// hook stays in place until the next call.
+// on a locale is handled alike on both sides. Takes at least 10 ms, in which messages are pumped; the locale
+// is left as it is where the host does not answer in 5 seconds. The hook stays in place until the next call.
 void AdoptHostLocale(const HostWindow& mainWindow) noexcept;
 
 } // namespace hostlink

@@ -40,6 +40,14 @@ void CopyHostText(std::uint64_t address, std::span<char> buffer) noexcept {
     buffer[CutLength({buffer.data(), buffer.size()}, buffer.size() - 1)] = '\0';
 }
 
+std::string ToAnsi(std::wstring_view text) {
+    const int length = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string ansi(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), length, ansi.data(), size, nullptr, nullptr);
+    return ansi;
+}
+
 std::size_t CutLength(std::string_view text, std::size_t limit) noexcept {
     if (text.size() <= limit) {
         return text.size();

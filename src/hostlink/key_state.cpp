@@ -9,7 +9,7 @@ namespace hostlink {
 namespace {
 
 LRESULT CALLBACK KeyStateProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    const CWPSTRUCT* call = AwaitedCall(code, lParam, shared.setKeyStateMsg);
+    const CWPSTRUCT* call = AwaitedCall(code, lParam, AwaitedSetKeyStateMessage());
     if (call == nullptr) {
         return CallNext(shared.remoteHook, code, wParam, lParam);
     }
@@ -22,14 +22,31 @@ LRESULT CALLBACK KeyStateProcedure(int code, WPARAM wParam, LPARAM lParam) noexc
     return 0;
 }
 
+WPARAM PackKeyState(BYTE virtualKey, BYTE state) noexcept {
+    return static_cast<WPARAM>(state) << 8 | virtualKey;
+}
+
+template <class Send>
+void WithHook(const HostWindow& target, Send send) noexcept {
+    const UINT message = SetKeyStateMessage();
+    const ScopedHook hook(shared.remoteHook, WH_CALLWNDPROC, KeyStateProcedure, target.threadId);
+    if (hook.Installed()) {
+        send(message);
+    }
+}
+
 } // namespace
 
 void SetHostKeyState(const HostWindow& target, BYTE virtualKey, BYTE state) noexcept {
-    const UINT message = SetKeyStateMessage();
-    const OneShotHook hook(shared.remoteHook, WH_CALLWNDPROC, KeyStateProcedure, target.threadId);
-    if (hook.Installed()) {
-        SendMessageA(target.window, message, static_cast<WPARAM>(state) << 8 | virtualKey, 0);
-    }
+    WithHook(target,
+             [&](UINT message) { SendMessageA(target.window, message, PackKeyState(virtualKey, state), 0); });
+}
+
+void TrySetHostKeyState(const HostWindow& target, BYTE virtualKey, BYTE state) noexcept {
+    WithHook(target, [&](UINT message) {
+        SendMessageTimeoutA(target.window, message, PackKeyState(virtualKey, state), 0, SMTO_ABORTIFHUNG,
+                            kHungMilliseconds, nullptr);
+    });
 }
 
 } // namespace hostlink

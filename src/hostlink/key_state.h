@@ -12,4 +12,7 @@ inline constexpr BYTE kKeyReleased = 0;
 // hook cannot be installed.
 void SetHostKeyState(const HostWindow& target, BYTE virtualKey, BYTE state) noexcept;
 
+// The same, given up when the host does not answer in 5 seconds.
+void TrySetHostKeyState(const HostWindow& target, BYTE virtualKey, BYTE state) noexcept;
+
 } // namespace hostlink

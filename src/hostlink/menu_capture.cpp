@@ -1,7 +1,7 @@
 #include "hostlink/menu_capture.h"
 
+#include "hostlink/host_classes.h"
 #include "hostlink/shared_section.h"
-#include "hostlink/window_class.h"
 
 namespace hostlink {
 
@@ -10,9 +10,9 @@ namespace {
 LRESULT CALLBACK MenuCaptureProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
     if (const CWPSTRUCT* call = AwaitedCall(code, lParam, WM_CREATE)) {
         const WindowClass created(call->hwnd);
-        if (created.StartsWith("#32768")) {
+        if (IsMenuClass(created)) {
             shared.capturedMenuWindow = FromHandle(call->hwnd);
-        } else if (created.StartsWith("BCGToolBar") || created.StartsWith("BCGPToolBar")) {
+        } else if (IsHostBarClass(created)) {
             shared.capturedBarWindow = FromHandle(call->hwnd);
         }
     }

@@ -16,6 +16,12 @@ HINSTANCE ModuleInstance() noexcept {
     return moduleInstance;
 }
 
+bool PinModule() noexcept {
+    HMODULE pinned = nullptr;
+    return GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                              reinterpret_cast<LPCSTR>(ModuleInstance()), &pinned) != FALSE;
+}
+
 std::wstring ModulePath(HINSTANCE module) {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {

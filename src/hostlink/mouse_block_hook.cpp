@@ -15,13 +15,6 @@ LRESULT CALLBACK MouseBlockProcedure(int code, WPARAM wParam, LPARAM lParam) noe
     return CallNext(shared.mouseBlockHook, code, wParam, lParam);
 }
 
-// COM may unload a module that has no objects left, but this hook's procedure is in it.
-bool PinModule() noexcept {
-    HMODULE pinned = nullptr;
-    return GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                              reinterpret_cast<LPCSTR>(ModuleInstance()), &pinned) != FALSE;
-}
-
 // False if another script, which got here at the same moment, has recorded its own.
 bool Record(HHOOK hook) noexcept {
     auto* recorded = reinterpret_cast<volatile LONG64*>(&shared.mouseBlockHook);

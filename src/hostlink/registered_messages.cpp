@@ -22,21 +22,42 @@ const UINT BCGTOOLBAR_SET_CUSTOMIZE_MODE = RegisterWindowMessageA(names::kToolba
 
 namespace {
 
-UINT RegisterOnFirstUse(volatile std::uint32_t& cached, const char* name) noexcept {
-    if (cached == 0) {
-        cached = RegisterWindowMessageA(name);
-    }
-    return cached;
+UINT RegisteredOrNone(std::uint32_t identifier) noexcept {
+    constexpr std::uint32_t kFirst = 0xC000;
+    constexpr std::uint32_t kLast = 0xFFFF;
+    return identifier >= kFirst && identifier <= kLast ? identifier : 0;
 }
+
+// The name always has the same identifier on a desktop: what the section says otherwise is mended.
+UINT RegisterOnFirstUse(volatile std::uint32_t& cached, UINT& own, const char* name) noexcept {
+    if (own == 0) {
+        own = RegisterWindowMessageA(name);
+    }
+    if (cached != own) {
+        cached = own;
+    }
+    return own;
+}
+
+UINT ownSendRemotelyMessage = 0;
+UINT ownSetKeyStateMessage = 0;
 
 } // namespace
 
 UINT SendRemotelyMessage() noexcept {
-    return RegisterOnFirstUse(shared.sendRemotelyMsg, names::kSendRemotely);
+    return RegisterOnFirstUse(shared.sendRemotelyMsg, ownSendRemotelyMessage, names::kSendRemotely);
 }
 
 UINT SetKeyStateMessage() noexcept {
-    return RegisterOnFirstUse(shared.setKeyStateMsg, names::kSetKeyState);
+    return RegisterOnFirstUse(shared.setKeyStateMsg, ownSetKeyStateMessage, names::kSetKeyState);
+}
+
+UINT AwaitedSendRemotelyMessage() noexcept {
+    return RegisteredOrNone(shared.sendRemotelyMsg);
+}
+
+UINT AwaitedSetKeyStateMessage() noexcept {
+    return RegisteredOrNone(shared.setKeyStateMsg);
 }
 
 } // namespace hostlink

@@ -19,8 +19,14 @@ extern const UINT MSG_REQUEST_RIB_CUSTOMISATION_WIDGET_DATA;
 extern const UINT BCGTOOLBAR_SET_CUSTOMIZE_MODE;
 
 // Registered on first use and kept in the shared section, where the hook procedures in the host's
-// process find them. Call before installing a hook that waits for the message.
+// process find them. Call before installing a hook that waits for the message. 0 if the system refused
+// the registration.
 UINT SendRemotelyMessage() noexcept;
 UINT SetKeyStateMessage() noexcept;
+
+// For the hook procedures: what stands in the shared section, 0 if that is no registered message. Any
+// process can write there, and the number of a message of the system would be taken for the signal.
+UINT AwaitedSendRemotelyMessage() noexcept;
+UINT AwaitedSetKeyStateMessage() noexcept;
 
 } // namespace hostlink

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <optional>
 
+#include "hostlink/exchange_seal.h"
 #include "hostlink/hook.h"
 #include "hostlink/host_text.h"
 #include "hostlink/registered_messages.h"
@@ -24,50 +25,56 @@ bool HasRoomForDescriptor(std::uint64_t offset) noexcept {
     return offset <= kRemoteDataSize - kDescriptorSize;
 }
 
-// Sends the request that stands in the shared section, which any process can write: a target that is
-// not the window of the exchange is ignored.
-void SendRequest(HWND window) noexcept {
-    if (ToWindow(shared.remoteTarget) != window) {
-        return;
-    }
-    shared.remoteResult = SendMessageA(window, shared.remoteMsg, static_cast<WPARAM>(shared.remoteWParam),
+// Control and registered messages alone travel this way.
+bool MayBeSent(UINT message) noexcept {
+    return message >= WM_USER && message != AwaitedSendRemotelyMessage();
+}
+
+void SendRequest(const Request& request) noexcept {
+    shared.remoteResult = SendMessageA(request.target, request.message, request.wParam,
                                        reinterpret_cast<LPARAM>(shared.remoteData));
+    BreakSeal();
 }
 
-// The hook goes before the request is sent, not after: the messages that the request sets off then pass
-// no hook, which spares the host several system calls for each of them.
-LRESULT CALLBACK RemoteSendProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    const CWPSTRUCT* call = AwaitedCall(code, lParam, shared.sendRemotelyMsg);
-    if (call == nullptr) {
-        return CallNext(shared.remoteHook, code, wParam, lParam);
-    }
-    RemoveFiredHook(shared.remoteHook);
-    SendRequest(call->hwnd);
-    return 0;
-}
-
-LRESULT CALLBACK RemoteSendWithStringProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    const CWPSTRUCT* call = AwaitedCall(code, lParam, shared.sendRemotelyMsg);
-    if (call == nullptr) {
-        return CallNext(shared.remoteHook, code, wParam, lParam);
-    }
-    RemoveFiredHook(shared.remoteHook);
-    const std::uint64_t offset = shared.remoteStringOffset;
-    if (!HasRoomForDescriptor(offset)) {
-        shared.remoteString[0] = '\0';
-        return 0;
+// Puts the descriptor of the shared text into the block, sends, and fetches the text that the host has put
+// in place of it.
+void SendRequestWithString(const Request& request) noexcept {
+    if (!HasRoomForDescriptor(request.stringOffset)) {
+        return;
     }
     shared.remoteString[kRemoteStringSize - 1] = '\0';
     const StringDescriptor descriptor = {FromHandle(shared.remoteString), kRemoteStringSize};
-    std::memcpy(shared.remoteData + offset, &descriptor, kDescriptorSize);
-    SendRequest(call->hwnd);
+    std::memcpy(shared.remoteData + request.stringOffset, &descriptor, kDescriptorSize);
+    SendRequest(request);
     StringDescriptor answered = {};
-    std::memcpy(&answered, shared.remoteData + offset, kDescriptorSize);
+    std::memcpy(&answered, shared.remoteData + request.stringOffset, kDescriptorSize);
     if (answered.text != descriptor.text) {
         CopyHostText(answered.text, shared.remoteString);
     }
     shared.remoteString[kRemoteStringSize - 1] = '\0';
+}
+
+// The hook goes before the request is sent, not after: the messages that the request sets off then pass
+// no hook, which spares the host several system calls for each of them. A call that is not for the target is
+// left alone, with the hook: a signal that its sender has given up can still come by.
+LRESULT OnCall(int code, WPARAM wParam, LPARAM lParam, bool hasText, void (*send)(const Request&)) noexcept {
+    const CWPSTRUCT* call = AwaitedCall(code, lParam, AwaitedSendRemotelyMessage());
+    if (call == nullptr || !IsSameWindow(call->hwnd, ToWindow(shared.remoteTarget))) {
+        return CallNext(shared.remoteHook, code, wParam, lParam);
+    }
+    const Request request = PublishedRequest(hasText);
+    if (RemoveFiredHook(shared.remoteHook) && MayBeSent(request.message) && IsSealed(request)) {
+        send(request);
+    }
     return 0;
+}
+
+LRESULT CALLBACK RemoteSendProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
+    return OnCall(code, wParam, lParam, false, SendRequest);
+}
+
+LRESULT CALLBACK RemoteSendWithStringProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
+    return OnCall(code, wParam, lParam, true, SendRequestWithString);
 }
 
 // Publishes the request. Everything is cleared first, so that a failure never shows the data of the
@@ -83,15 +90,16 @@ void PublishRequest(HWND window, UINT message, WPARAM wParam, std::span<const st
     std::memset(shared.remoteData + block.size(), 0, kRemoteDataSize - block.size());
 }
 
-// Lets the hook in the host's thread do its work. False if it could not be installed or did not fire.
-bool Exchange(const HostWindow& target, HOOKPROC procedure) noexcept {
+// Seals what is published and lets the hook in the host's thread do its work. The message's result; none if
+// it was not sent.
+std::optional<LRESULT> Exchange(const HostWindow& target, HOOKPROC procedure, bool hasText) noexcept {
     const UINT message = SendRemotelyMessage();
-    const OneShotHook hook(shared.remoteHook, WH_CALLWNDPROC, procedure, target.threadId);
-    if (!hook.Installed()) {
-        return false;
+    SealRequest(hasText);
+    const ScopedHook hook(shared.remoteHook, WH_CALLWNDPROC, procedure, target.threadId);
+    if (hook.Installed()) {
+        SendMessageA(target.window, message, 0, 0);
     }
-    SendMessageA(target.window, message, 0, 0);
-    return shared.remoteHook == 0;
+    return IsSealBroken() ? std::optional(static_cast<LRESULT>(shared.remoteResult)) : std::nullopt;
 }
 
 void CopyBack(std::span<std::byte> block) noexcept {
@@ -102,16 +110,21 @@ void CopyBack(std::span<std::byte> block) noexcept {
 
 } // namespace
 
-LRESULT RemoteSend(const HostWindow& target, UINT message, WPARAM wParam, std::span<std::byte> block) {
+std::optional<LRESULT> TryRemoteSend(const HostWindow& target, UINT message, WPARAM wParam,
+                                     std::span<std::byte> block) {
     if (block.size() > kRemoteDataSize) {
-        return 0;
+        return std::nullopt;
     }
     PublishRequest(target.window, message, wParam, block);
-    if (!Exchange(target, RemoteSendProcedure)) {
-        return 0;
+    const auto result = Exchange(target, RemoteSendProcedure, false);
+    if (result) {
+        CopyBack(block);
     }
-    CopyBack(block);
-    return static_cast<LRESULT>(shared.remoteResult);
+    return result;
+}
+
+LRESULT RemoteSend(const HostWindow& target, UINT message, WPARAM wParam, std::span<std::byte> block) {
+    return TryRemoteSend(target, message, wParam, block).value_or(0);
 }
 
 LRESULT RemoteSendWithString(const HostWindow& target, UINT message, WPARAM wParam,
@@ -126,12 +139,12 @@ LRESULT RemoteSendWithString(const HostWindow& target, UINT message, WPARAM wPar
     std::memcpy(shared.remoteString, text.data(), length);
     std::memset(shared.remoteString + length, 0, kRemoteStringSize - length);
     text.clear();
-    if (!Exchange(target, RemoteSendWithStringProcedure)) {
-        return 0;
+    const auto result = Exchange(target, RemoteSendWithStringProcedure, true);
+    if (result) {
+        CopyBack(block);
+        text.assign(shared.remoteString, strnlen(shared.remoteString, kRemoteStringSize - 1));
     }
-    CopyBack(block);
-    text.assign(shared.remoteString, strnlen(shared.remoteString, kRemoteStringSize - 1));
-    return static_cast<LRESULT>(shared.remoteResult);
+    return result.value_or(0);
 }
 
 } // namespace hostlink

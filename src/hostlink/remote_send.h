@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -11,8 +12,14 @@
 namespace hostlink {
 
 // Sends `message` to `target` with lParam pointing at a copy of `block`; the block is overwritten with
-// what the host left there. Returns the message's result. A block of more than 1024 bytes is refused and
-// a hook that cannot be installed ends the exchange: result 0, block untouched.
+// what the host left there. Returns the message's result, none if the message was not sent and the block is
+// untouched: for a block of more than 1024 bytes, where no hook can be installed, when the window goes, for
+// a message below WM_USER (those of the system carry no block of ours) and when another process has changed
+// the request on its way.
+std::optional<LRESULT> TryRemoteSend(const HostWindow& target, UINT message, WPARAM wParam,
+                                     std::span<std::byte> block = {});
+
+// The same, with a result of 0 where the message was not sent.
 LRESULT RemoteSend(const HostWindow& target, UINT message, WPARAM wParam, std::span<std::byte> block = {});
 
 // The same with a text in and out. The host finds at `stringOffset` of the block a 64-bit pointer to the

@@ -11,7 +11,7 @@ namespace hostlink {
 
 // Initialised as a whole: an uninitialised variable would not be placed in the section. All zero but
 // the permission to block the mouse.
-GHOSTHAND_SHARED SharedSection shared = {
+GHOSTHAND_SHARED constinit SharedSection shared = {
     0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, {}, {}, 0, /*allowMouseBlocks*/ 1, 0, 0, 0};
 
 } // namespace hostlink

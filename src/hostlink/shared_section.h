@@ -72,8 +72,13 @@ static_assert(sizeof(SharedSection) == 0x890);
 
 extern SharedSection shared;
 
+// Window handles have 32 significant bits, in whatever way they were extended to 64.
 inline HWND ToWindow(std::uint64_t value) noexcept {
-    return reinterpret_cast<HWND>(static_cast<std::uintptr_t>(value));
+    return reinterpret_cast<HWND>(static_cast<std::intptr_t>(static_cast<std::int32_t>(value)));
+}
+inline bool IsSameWindow(HWND one, HWND other) noexcept {
+    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(one)) ==
+           static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(other));
 }
 
 inline std::uint64_t FromHandle(const void* handle) noexcept {

@@ -4,6 +4,7 @@
 
 #include <cwchar>
 #include <memory>
+#include <string_view>
 
 namespace {
 
@@ -22,10 +23,17 @@ constexpr ItemMessages kComboBox{CB_GETLBTEXTLEN, CB_GETLBTEXT, CBS_OWNERDRAWFIX
 // between the two messages: this is the room for what such a text may gain.
 constexpr std::size_t kRoomToGrow = 0x10000; // characters
 
+// An extended combo box keeps strings whatever its style says: it draws the items of the combo box inside.
+bool IsExtended(HWND control) {
+    char name[32] = "";
+    GetClassNameA(control, name, sizeof name);
+    return std::string_view(name) == "ComboBoxEx32";
+}
+
 // A control without strings would hand out its item data, and its length as that of a text.
 bool KeepsStrings(HWND control, const ItemMessages& messages) {
     const auto style = static_cast<std::uint32_t>(GetWindowLongPtrA(control, GWL_STYLE));
-    return (style & messages.ownerDrawn) == 0 || (style & messages.hasStrings) != 0;
+    return (style & messages.ownerDrawn) == 0 || (style & messages.hasStrings) != 0 || IsExtended(control);
 }
 
 std::string ToAnsi(const wchar_t* text, int length) {

@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <commctrl.h>
+
 #include <array>
 #include <memory>
 #include <thread>
@@ -38,6 +40,7 @@ protected:
 
     static hostlink::HostWindow At(HWND window) { return {window, host->ThreadId()}; }
     static hostlink::HostWindow Edit() { return At(host->WaitForWindow("document 1.1001")); }
+    static hostlink::HostWindow Bar() { return At(host->WaitForWindow("Frame.1081")); }
 
     // A stale remote-send hook would send this request when the message comes by again.
     static void ExpectNoHookLeft(HWND window) {
@@ -63,11 +66,12 @@ TEST_F(HostLink, CarriesBlocksOfUpTo1024BytesBothWays) {
     hostlink::RemoteSend(Edit(), host_tests::AnswerMessage(), Answer::kIncrementBlock, allowed);
     EXPECT_THAT(allowed, Each(std::byte{8}));
     EXPECT_EQ(block[1024], std::byte{7});
-    EXPECT_EQ(hostlink::RemoteSend(Edit(), WM_GETTEXTLENGTH, 0), GetWindowTextLengthA(Edit().window));
+    EXPECT_EQ(hostlink::RemoteSend(Bar(), TB_BUTTONCOUNT, 0),
+              SendMessageA(Bar().window, TB_BUTTONCOUNT, 0, 0));
     ExpectNoHookLeft(Edit().window);
 
     host->ClearLog();
-    EXPECT_EQ(hostlink::RemoteSend(Edit(), WM_GETTEXTLENGTH, 0, block), 0);
+    EXPECT_EQ(hostlink::RemoteSend(Edit(), host_tests::AnswerMessage(), Answer::kIncrementBlock, block), 0);
     EXPECT_THAT(host->Log().Records(hostlink::SendRemotelyMessage()), IsEmpty());
     EXPECT_EQ(block[0], std::byte{8});
 }
@@ -77,12 +81,12 @@ TEST_F(HostLink, ClearsWhatTheExchangeBeforeLeft) {
     const host_tests::AnsweringHook answering(host->ThreadId());
     std::array<std::byte, 64> block;
     block.fill(std::byte{0x55});
-    hostlink::RemoteSend(Edit(), WM_NULL, 0, block);
-    hostlink::RemoteSend(Edit(), WM_NULL, 0);
+    hostlink::RemoteSend(Edit(), host_tests::AnswerMessage(), 0, block);
+    hostlink::RemoteSend(Edit(), host_tests::AnswerMessage(), 0);
     EXPECT_THAT(std::span<char>(shared.remoteData), Each('\0'));
 
-    ASSERT_NE(hostlink::RemoteSend(At(host->Frame()), WM_GETTEXTLENGTH, 0), 0);
-    EXPECT_EQ(hostlink::RemoteSend({host->Frame(), 0}, WM_GETTEXTLENGTH, 0), 0); // no hook can be installed
+    ASSERT_NE(hostlink::RemoteSend(Bar(), TB_BUTTONCOUNT, 0), 0);
+    EXPECT_EQ(hostlink::TryRemoteSend({Bar().window, 0}, TB_BUTTONCOUNT, 0), std::nullopt); // no hook
     EXPECT_EQ(shared.remoteResult, 0);
 }
 
@@ -118,7 +122,8 @@ TEST_F(HostLinkTexts, AreRefusedWhereTheirDescriptorHasNoRoom) {
         std::string text = "abc";
         std::array<std::byte, 24> block = {};
         host->ClearLog();
-        EXPECT_EQ(hostlink::RemoteSendWithString(Edit(), WM_GETTEXTLENGTH, 0, block, offset, text), 0);
+        EXPECT_EQ(hostlink::RemoteSendWithString(Edit(), host_tests::AnswerMessage(), 0, block, offset, text),
+                  0);
         EXPECT_EQ(text, "");
         EXPECT_THAT(host->Log().Records(hostlink::SendRemotelyMessage()), IsEmpty());
     }
@@ -134,6 +139,15 @@ TEST_F(HostLink, SurvivesATamperedSharedSection) {
         [] { shared.remoteStringOffset = ~std::uint64_t{0}; },
         [] { shared.remoteTarget = hostlink::FromHandle(GetDesktopWindow()); },
         [] { shared.remoteTarget = 0; },
+        [] { shared.remoteMsg = TB_BUTTONCOUNT; },
+        [] { shared.remoteMsg = hostlink::SendRemotelyMessage(); },
+        [] { shared.remoteWParam = 1; },
+        [] { shared.remoteData[1000] = 'x'; },
+        [] { shared.remoteString[0] = 'x'; },
+        // The signal is taken for another message, for one of the system, or the hook cannot be removed.
+        [] { shared.sendRemotelyMsg = hostlink::MSG_GH_SYNC; },
+        [] { shared.sendRemotelyMsg = WM_CLOSE; },
+        [] { shared.remoteHook = 0x77; },
     };
     for (const auto& tamper : tamperings) {
         host->ClearLog();
@@ -150,6 +164,56 @@ TEST_F(HostLink, SurvivesATamperedSharedSection) {
         sender.join();
         EXPECT_EQ(result, 0);
         EXPECT_THAT(host->Log().Records(grid), IsEmpty());
+        EXPECT_THAT(host->Log().Records(WM_CLOSE), IsEmpty());
+        EXPECT_THAT(host->Log().Records(TB_BUTTONCOUNT), IsEmpty());
+    }
+    ExpectNoHookLeft(edit.window);
+}
+
+TEST_F(HostLink, MendsIdentifiersAndCarriesNoMessageOfTheSystem) {
+    for (const std::uint32_t wrong : {std::uint32_t{WM_CLOSE}, std::uint32_t{hostlink::MSG_GH_SYNC}}) {
+        shared.sendRemotelyMsg = wrong;
+        shared.setKeyStateMsg = wrong;
+        host->ClearLog();
+        EXPECT_NE(hostlink::RemoteSend(Bar(), TB_BUTTONCOUNT, 0), 0);
+        hostlink::SetHostKeyState(Edit(), VK_F13, hostlink::kKeyReleased);
+        EXPECT_THAT(host->Log().Records(WM_CLOSE), IsEmpty());
+        EXPECT_NE(shared.sendRemotelyMsg, wrong);
+        EXPECT_NE(shared.setKeyStateMsg, wrong);
+    }
+    const HWND dialog = host->WaitForWindow("find");
+    EXPECT_EQ(hostlink::TryRemoteSend(At(dialog), WM_CLOSE, 0), std::nullopt);
+    EXPECT_EQ(hostlink::TryRemoteSend(At(dialog), hostlink::SendRemotelyMessage(), 0), std::nullopt);
+    EXPECT_TRUE(IsWindow(dialog));
+}
+
+// Its sender has given up, but its signal comes by when the next exchange's hook is there.
+TEST_F(HostLink, IsNotMisledByTheSignalOfAnotherExchange) {
+    const host_tests::AnsweringHook answering(host->ThreadId());
+    const hostlink::HostWindow bar = Bar();
+    const HWND frame = host->Frame();
+    const host_tests::HeldHost held(Edit().window);
+    SendNotifyMessageA(frame, hostlink::SendRemotelyMessage(), 0, 0);
+    std::optional<LRESULT> count;
+    std::thread sender([&] { count = hostlink::TryRemoteSend(bar, TB_BUTTONCOUNT, 0); });
+    EXPECT_TRUE(Eventually([] { return shared.remoteHook != 0; }));
+    held.Release();
+    sender.join();
+    ASSERT_TRUE(count.has_value());
+    EXPECT_GT(*count, 0);
+}
+
+// Two scripts at once: what one has published another one overwrites, but each removes its own hook.
+TEST_F(HostLink, LeavesNoHookWhereAnotherScriptPublishedItsOwn) {
+    const host_tests::AnsweringHook answering(host->ThreadId());
+    const hostlink::HostWindow edit = Edit();
+    {
+        const host_tests::HeldHost held(edit.window);
+        std::thread sender([&] { hostlink::RemoteSend(edit, hostlink::MSG_GX_RequestGridInformation, 0); });
+        EXPECT_TRUE(Eventually([] { return shared.remoteHook != 0; }));
+        shared.remoteHook = 0; // the other one has finished
+        held.Release();
+        sender.join();
     }
     ExpectNoHookLeft(edit.window);
 }
@@ -157,9 +221,10 @@ TEST_F(HostLink, SurvivesATamperedSharedSection) {
 TEST_F(HostLink, ComesBackFromAWindowThatGoesInTheMiddle) {
     const HWND dialog = host->WaitForWindow("find");
     ASSERT_NE(dialog, nullptr);
-    hostlink::RemoteSend(At(dialog), WM_CLOSE, 0);
+    SampleHost::Misbehave(dialog, Misbehaviour::DestroyOnCommand);
+    SendMessageA(dialog, WM_COMMAND, 0, 0);
     EXPECT_TRUE(Eventually([&] { return !IsWindow(dialog); }));
-    EXPECT_EQ(hostlink::RemoteSend(At(dialog), WM_GETTEXTLENGTH, 0), 0);
+    EXPECT_EQ(hostlink::TryRemoteSend(At(dialog), hostlink::MSG_GX_RequestGridInformation, 0), std::nullopt);
     ExpectNoHookLeft(host->Frame());
 }
 
@@ -223,7 +288,7 @@ TEST(HostLinkCrash, EndsTheExchangeAndLeavesTheNextHostAlone) {
     }
     EXPECT_EQ(shared.remoteHook, 0u);
     const SampleHost next;
-    EXPECT_NE(hostlink::RemoteSend({next.Frame(), next.ThreadId()}, WM_GETTEXTLENGTH, 0, block), 0);
+    EXPECT_TRUE(hostlink::TryRemoteSend({next.Frame(), next.ThreadId()}, message, 0, block));
 }
 
 } // namespace

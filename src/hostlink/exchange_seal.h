@@ -1,0 +1,33 @@
+// The seal on a remote send's request: what its sender published, in a section of its own.
+//
+// The request crosses in the shared section, which any process can write and in which two scripts can get
+// into each other's way. The hook sends only what the seal vouches for.
+#pragma once
+
+#include <cstdint>
+
+#include <windows.h>
+
+namespace hostlink {
+
+// A request as it stands in the shared section. Values, read once: what is checked is what is sent.
+struct Request {
+    HWND target;
+    UINT message;
+    WPARAM wParam;
+    std::uint64_t stringOffset; // 0 for a request without a text
+    bool hasText;
+};
+
+Request PublishedRequest(bool hasText) noexcept;
+
+// Called by the sender, when all of the request stands in the shared section.
+void SealRequest(bool hasText) noexcept;
+// Called by the hook. False if the request, its block or its text is not what was sealed.
+bool IsSealed(const Request& request) noexcept;
+
+// The hook tells the sender that the message was sent: an answer of 0 is not the same as no answer.
+void BreakSeal() noexcept;
+bool IsSealBroken() noexcept;
+
+} // namespace hostlink
