@@ -6,6 +6,7 @@
 #include "engine/navigation.h"
 #include "engine/wait_loop.h"
 #include "hostlink/host_locale.h"
+#include "input/held_modifiers.h"
 #include "input/mouse_block.h"
 
 namespace {
@@ -18,6 +19,7 @@ std::unique_ptr<ghBaseWindow> FindHost(const std::string& application, const std
     if (found == nullptr) {
         return nullptr;
     }
+    input::ReleaseAbandonedInput(); // a script before this one may have been ended in the middle of an action
     auto window = std::make_unique<ghBaseWindow>(found);
     hostlink::AdoptHostLocale(window->Host());
     return window;

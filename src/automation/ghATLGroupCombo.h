@@ -18,7 +18,7 @@ public:
         });
     }
     HRESULT STDMETHODCALLTYPE GetItemCount(LONG* result) override {
-        return Get(result, [](const auto& combo) { return combo.ItemCount(); });
+        return Get(result, [](const auto& combo) { return combo.ItemsCount(); });
     }
     HRESULT STDMETHODCALLTYPE get_HeadingText(BSTR* result) override {
         return Get(result, [](const auto& combo) { return combo.HeadingText(); });

@@ -39,7 +39,7 @@ template <class Target>
 std::unique_ptr<Target> WaitForTarget(const ghBaseWindow& from, int timeoutSeconds,
                                       const Navigation<Target>& navigation) {
     return engine::WaitFor<Target>(
-        timeoutSeconds, [&] { return navigation.search(from); }, navigation.message);
+        timeoutSeconds, [&] { return navigation.search(from); }, navigation.message, from.Window());
 }
 
 namespace navigation {

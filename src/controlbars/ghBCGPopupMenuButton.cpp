@@ -6,12 +6,13 @@
 
 namespace {
 
-constexpr unsigned kKeyPause = 50; // milliseconds
+constexpr int kKeyPause = 50; // milliseconds
 
 } // namespace
 
 void ghBCGPopupMenuButton::Click(int, int, int) {
-    if (controlbars::WalkWithKey(Toolbar(), VK_DOWN, kKeyPause, [this] { return Look(); })) {
+    if (controlbars::WalkWithKey(Toolbar(), VK_DOWN, kKeyPause, Toolbar().ItemsCount(),
+                                 [this] { return Look(); })) {
         input::PressKey(Toolbar(), VK_RETURN, 0);
         engine::Synchronise(Toolbar());
     }
@@ -19,8 +20,8 @@ void ghBCGPopupMenuButton::Click(int, int, int) {
 
 controlbars::WalkState ghBCGPopupMenuButton::Look() const {
     const auto hot = static_cast<int>(SendMessageA(Toolbar().Window(), TB_GETHOTITEM, 0, 0));
-    // Asked last: the popup may have gone during the message.
-    if (!IsWindow(Toolbar().Window())) {
+    // Asked last: the popup may have gone, or been hidden, during the message.
+    if (!IsWindowVisible(Toolbar().Window())) {
         return controlbars::WalkState::Gone;
     }
     return hot == Index() ? controlbars::WalkState::Reached : controlbars::WalkState::NotYet;

@@ -1,25 +1,54 @@
 #include "controlbars/ghMenu.h"
 
-#include "controlbars/context_menu.h"
+#include <functional>
+
 #include "controlbars/ghMenuItem.h"
 #include "controlbars/menu_item_info.h"
 #include "controlbars/popup_menu.h"
+#include "engine/diagnostics.h"
 #include "engine/prefix_match.h"
 #include "engine/synchronise.h"
-#include "inhouse/syncutil.h"
+#include "hostlink/window_kind.h"
 #include "input/keyboard.h"
 
 namespace {
 
-constexpr DWORD kEscapePause = 10; // milliseconds
+constexpr int kEscapePause = 10; // milliseconds
+// A popup that so many Escapes have not closed does not listen to them.
+constexpr int kMostEscapes = 3;
+
+// A child window has its control id in the place of a menu.
+HMENU MenuBarOf(HWND window) noexcept {
+    const HMENU menu = GetMenu(window);
+    return (hostlink::WindowStyle(window) & WS_CHILD) == 0 || IsMenu(menu) ? menu : nullptr;
+}
+
+// Presses Escape until `findPopup` finds no window any more. The host is waited for after each key: one
+// before the host has closed the menu would be one too many and reach the window behind.
+void PressEscapeWhile(const ghMenu& menu, const std::function<HWND()>& findPopup) {
+    HWND last = nullptr;
+    int pressed = 0;
+    for (HWND popup = findPopup(); popup != nullptr; popup = findPopup()) {
+        pressed = popup == last ? pressed : 0;
+        if (pressed == kMostEscapes) {
+            engine::diagnostics::Report("A popup stayed open in spite of Escape.");
+            return;
+        }
+        last = popup;
+        ++pressed;
+        input::PressKey(menu, VK_ESCAPE, kEscapePause);
+        engine::Synchronise(menu);
+    }
+}
 
 } // namespace
 
-ghMenu::ghMenu(HWND owner) noexcept : ghMenu(owner, GetMenu(owner)) {}
+ghMenu::ghMenu(HWND owner) noexcept : ghMenu(owner, MenuBarOf(owner), true) {}
 
-// Asks whether it is a menu in any case: a child window has its control id in that place.
-ghMenu::ghMenu(HWND owner, HMENU menu) noexcept
-    : ghControlBar(IsMenu(menu) ? owner : nullptr), m_menu(IsValid() ? menu : nullptr) {}
+ghMenu::ghMenu(HWND owner, HMENU menu) noexcept : ghMenu(owner, menu, IsMenu(menu) != FALSE) {}
+
+ghMenu::ghMenu(HWND owner, HMENU menu, bool isMenu) noexcept
+    : ghControlBar(isMenu && menu != nullptr ? owner : nullptr), m_menu(IsValid() ? menu : nullptr) {}
 
 std::unique_ptr<ghControlBarItem> ghMenu::GetItemByID(const std::string& caption, int id) const {
     return std::make_unique<ghMenuItem>(*this, FindPosition(caption, id));
@@ -56,14 +85,15 @@ int ghMenu::ItemsCount() const {
 
 void ghMenu::CloseMenu() {
     Send(WM_CANCELMODE, 0, 0);
-    // Without a limit, deliberately. Nothing is found any more when the host is gone. A key before the host
-    // has closed the menu would be one too many and reach the window behind.
-    while (controlbars::FindCurrentContextMenu(*this) != nullptr) {
-        input::PressKey(*this, VK_ESCAPE, 0);
-        SafeWaitWithMessageLoop(0, nullptr, kEscapePause, TRUE, nullptr);
-        engine::Synchronise(*this);
-    }
+    PressEscapeWhile(*this, [this] { return controlbars::FindCurrentPopup(*this); });
     engine::Synchronise(*this);
+}
+
+void ghMenu::CloseMenusAbove() const {
+    if (!controlbars::IsPopupMenuShown(ThreadId(), m_menu)) {
+        return;
+    }
+    PressEscapeWhile(*this, [this] { return IsOpen() ? nullptr : controlbars::FindPopupMenu(ThreadId()); });
 }
 
 bool ghMenu::IsMainMenu() const noexcept {
@@ -72,5 +102,5 @@ bool ghMenu::IsMainMenu() const noexcept {
 
 bool ghMenu::IsOpen() const noexcept {
     return IsMainMenu() ? controlbars::IsInMenuMode(ThreadId())
-                        : controlbars::IsPopupMenuShown(ThreadId(), m_menu);
+                        : controlbars::IsTopmostPopupMenu(ThreadId(), m_menu);
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr unsigned kKeyPause = 10; // milliseconds
+constexpr int kKeyPause = 10; // milliseconds
 // A menu that is not open for so long has been closed, or will not open any more.
 constexpr ULONGLONG kLongestAbsence = 5000; // milliseconds
 
@@ -49,31 +49,48 @@ bool ghMenuItem::HasSubItems() const {
 }
 
 std::unique_ptr<ghControlBar> ghMenuItem::Expand() {
-    Click(1, 1, 1);
-    return std::make_unique<ghMenu>(m_menu.Window(), Submenu());
+    return Choose() ? std::make_unique<ghMenu>(m_menu.Window(), Submenu()) : nullptr;
 }
 
 void ghMenuItem::Click(int, int, int) {
+    Choose();
+}
+
+bool ghMenuItem::Choose() const {
     int navigationKey = VK_DOWN;
     if (m_menu.IsMainMenu()) {
         EnterMenuBar();
         navigationKey = VK_RIGHT;
+    } else {
+        m_menu.CloseMenusAbove();
     }
-    if (WalkTo(navigationKey)) {
-        input::PressKey(m_menu, VK_RETURN, 0);
-        engine::Synchronise(m_menu);
+    if (!WalkTo(navigationKey)) {
+        return false;
+    }
+    input::PressKey(m_menu, VK_RETURN, 0);
+    engine::Synchronise(m_menu);
+    return true;
+}
+
+// Where the keyboard works the menu bar already, the key leaves it: the next one enters it anew.
+void ghMenuItem::EnterMenuBar() const {
+    input::ParkCursor(m_menu, false);
+    const bool wasOpen = m_menu.IsOpen();
+    PressMenuKey();
+    if (wasOpen && !m_menu.IsOpen()) {
+        PressMenuKey();
     }
 }
 
-void ghMenuItem::EnterMenuBar() const {
-    input::ParkCursor(m_menu, false);
+void ghMenuItem::PressMenuKey() const {
     input::PressMenuKey(m_menu);
     engine::Synchronise(m_menu);
 }
 
 bool ghMenuItem::WalkTo(int navigationKey) const {
     ULONGLONG lastOpen = GetTickCount64();
-    return controlbars::WalkWithKey(m_menu, navigationKey, kKeyPause, [&] { return Look(lastOpen); });
+    return controlbars::WalkWithKey(m_menu, navigationKey, kKeyPause, m_menu.ItemsCount(),
+                                    [&] { return Look(lastOpen); });
 }
 
 controlbars::WalkState ghMenuItem::Look(ULONGLONG& lastOpen) const {
@@ -87,6 +104,7 @@ controlbars::WalkState ghMenuItem::Look(ULONGLONG& lastOpen) const {
     const ULONGLONG now = GetTickCount64();
     if (m_menu.IsOpen()) {
         lastOpen = now;
+        return controlbars::WalkState::NotYet;
     }
-    return now - lastOpen > kLongestAbsence ? controlbars::WalkState::Gone : controlbars::WalkState::NotYet;
+    return now - lastOpen > kLongestAbsence ? controlbars::WalkState::Gone : controlbars::WalkState::NotOpen;
 }

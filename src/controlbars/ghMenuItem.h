@@ -26,6 +26,7 @@ public:
     // The menu is closed either way.
     void SetChecked(bool checked) override;
     bool HasSubItems() const override;
+    // Null also when the item was not reached.
     std::unique_ptr<ghControlBar> Expand() override;
     int EnabledTimeout() const override { return m_menu.EnabledTimeout(); }
     void SetEnabledTimeout(int seconds) override { m_menu.SetEnabledTimeout(seconds); }
@@ -33,7 +34,10 @@ public:
 private:
     bool HasState(UINT state) const;
     HMENU Submenu() const;
+    // Whether the item was reached and chosen.
+    bool Choose() const;
     void EnterMenuBar() const;
+    void PressMenuKey() const;
     bool WalkTo(int navigationKey) const;
     // `lastOpen`: the tick at which the menu was last seen open.
     controlbars::WalkState Look(ULONGLONG& lastOpen) const;

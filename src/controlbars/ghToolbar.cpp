@@ -5,9 +5,9 @@
 #include "controlbars/ghToolbarButton.h"
 #include "controlbars/toolbar_messages.h"
 #include "engine/prefix_match.h"
-#include "engine/synchronise.h"
+#include "engine/window_relations.h"
+#include "hostlink/host_classes.h"
 #include "hostlink/registered_messages.h"
-#include "hostlink/window_class.h"
 #include "hostlink/window_kind.h"
 #include "input/mouse.h"
 
@@ -60,10 +60,10 @@ std::unique_ptr<ghControlBarItem> ghToolbar::GetItem(int index) const {
     const HWND parent = GetParent(Window());
     if ((hostlink::WindowStyle(parent) & WS_POPUP) != 0) {
         const hostlink::WindowClass parentClass(parent);
-        if (parentClass.StartsWith("BCGPopupMenu")) {
+        if (hostlink::IsPlainPopupClass(parentClass)) {
             return std::make_unique<ghBCGPopupMenuButton>(*this, index);
         }
-        if (parentClass.StartsWith("Afx")) {
+        if (hostlink::IsFrameworkClass(parentClass)) {
             return std::make_unique<ghBCGProPopupMenuButton>(*this, index);
         }
     }

@@ -1,7 +1,7 @@
 #include "controlbars/popup_capture.h"
 
-#include "controlbars/ghMenu.h"
-#include "controlbars/ghToolbar.h"
+#include <optional>
+
 #include "controlbars/popup_menu.h"
 #include "hostlink/menu_capture.h"
 
@@ -9,32 +9,31 @@ namespace controlbars {
 
 namespace {
 
-struct CapturedWindows {
-    HWND bar = nullptr;
-    HWND menu = nullptr;
-};
-
-// None where the thread cannot be watched. The watch ends before anything else is asked of the host.
-CapturedWindows WatchWhile(DWORD threadId, const std::function<void()>& open) {
+// The bar that the host created, else the menu; null if neither. None where the thread cannot be watched. The
+// watch ends before anything else is asked of the host.
+std::optional<HWND> CreatedWhile(DWORD threadId, const std::function<void()>& open) {
     const hostlink::MenuCapture capture(threadId);
     if (!capture.Installed()) {
-        return {};
+        return std::nullopt;
     }
     open();
-    return {capture.BarWindow(), capture.MenuWindow()};
+    return IsWindow(capture.BarWindow()) ? capture.BarWindow() : capture.MenuWindow();
 }
 
 } // namespace
 
 std::unique_ptr<ghControlBar> CapturePopup(const ghBaseWindow& owner, const std::function<void()>& open) {
-    const CapturedWindows captured = WatchWhile(owner.ThreadId(), open);
-    if (IsWindow(captured.bar)) {
-        return std::make_unique<ghToolbar>(captured.bar);
+    const HWND before = FindCurrentPopup(owner);
+    const std::optional<HWND> created = CreatedWhile(owner.ThreadId(), open);
+    if (!created) {
+        return nullptr;
     }
-    if (IsWindow(captured.menu)) {
-        return std::make_unique<ghMenu>(owner.Window(), MenuShownBy(captured.menu));
+    if (IsWindow(*created)) {
+        return MakeShownBar(owner, *created);
     }
-    return nullptr;
+    // A host may keep a popup and show it again.
+    const HWND shown = FindCurrentPopup(owner);
+    return shown != before ? MakeShownBar(owner, shown) : nullptr;
 }
 
 } // namespace controlbars

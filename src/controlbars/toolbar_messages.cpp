@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "hostlink/host_classes.h"
 #include "hostlink/remote_send.h"
-#include "hostlink/window_class.h"
+#include "hostlink/shared_section.h"
 
 namespace controlbars {
 
@@ -25,6 +26,9 @@ std::optional<Record> ReadRecord(const hostlink::HostWindow& toolbar, UINT messa
 // terminator, and no further than the block.
 std::optional<std::string> FetchText(const hostlink::HostWindow& toolbar, UINT message, WPARAM wParam,
                                      std::size_t blockSize) {
+    if (blockSize > hostlink::kRemoteDataSize) {
+        return std::nullopt; // before room is made for whatever length the host answers
+    }
     std::vector<std::byte> block(blockSize);
     if (static_cast<int>(hostlink::RemoteSend(toolbar, message, wParam, block)) < 1) {
         return std::nullopt;
@@ -60,8 +64,7 @@ std::optional<std::string> ReadString(const hostlink::HostWindow& toolbar, std::
 } // namespace
 
 bool IsHostBar(HWND toolbar) noexcept {
-    const hostlink::WindowClass windowClass(toolbar);
-    return windowClass.StartsWith("BCGToolBar") || windowClass.StartsWith("BCGPToolBar");
+    return hostlink::IsHostBarClass(hostlink::WindowClass(toolbar));
 }
 
 std::optional<ButtonRecord> ReadButton(const hostlink::HostWindow& toolbar, int index) {

@@ -46,6 +46,6 @@ bool ghComboBox::SelectItem(int index) const {
 }
 
 bool ghComboBox::SelectItemByName(const std::string& name) const {
-    const int index = controls::FindItemByPrefix(*this, name);
+    const int index = controls::ActivateAndFindItem(*this, name);
     return index >= 0 && SelectItem(index);
 }

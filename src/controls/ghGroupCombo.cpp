@@ -1,9 +1,11 @@
 #include "controls/ghGroupCombo.h"
 
 #include "controls/combo_selection.h"
+#include "controls/item_search.h"
 #include "engine/activation.h"
 #include "ghosthand/host_contract.h"
 #include "hostlink/remote_send.h"
+#include "hostlink/shared_section.h"
 #include "inhouse/dlgkit.h"
 
 namespace group_combo = ghosthand::host_contract::group_combo;
@@ -22,16 +24,17 @@ std::string ghGroupCombo::Text() const {
     return ItemText(SelectedIndex());
 }
 
-int ghGroupCombo::ItemCount() const noexcept {
+int ghGroupCombo::ItemsCount() const noexcept {
     return static_cast<int>(SendMessageA(Window(), CB_GETCOUNT, 0, 0));
 }
 
 std::string ghGroupCombo::ItemText(int index) const {
-    return HasItem(index) ? dkListHelpers::get_combo_item(Window(), index, false) : std::string();
+    return controls::HasItem(*this, index) ? dkListHelpers::get_combo_item(Window(), index, false)
+                                           : std::string();
 }
 
 std::string ghGroupCombo::HeadingOfItem(int index) const {
-    if (!HasItem(index)) {
+    if (!controls::HasItem(*this, index)) {
         return {};
     }
     const int heading = IndexOfHeading(Window(), index);
@@ -44,7 +47,7 @@ std::string ghGroupCombo::HeadingText() const {
 
 bool ghGroupCombo::SelectItem(int index) const {
     engine::Activate(*this);
-    if (!HasItem(index) || IndexOfHeading(Window(), index) == index) {
+    if (!controls::HasItem(*this, index) || IndexOfHeading(Window(), index) == index) {
         return false;
     }
     engine::WaitUntilReady(*this);
@@ -56,13 +59,13 @@ bool ghGroupCombo::SelectItemByName(const std::string& heading, const std::strin
     // A query that is too long for the exchange is not sent and answered by 0, so that item 0 is chosen.
     // Kept on purpose.
     std::string query = dkGroupComboHelpers::pack_query({heading, item});
-    const auto index = static_cast<int>(hostlink::RemoteSend(Host(), group_combo::kFindByNames, query.size(),
-                                                             std::as_writable_bytes(std::span(query))));
+    const bool tooLong = query.size() > hostlink::kRemoteDataSize;
+    const std::optional<LRESULT> answer =
+        tooLong ? 0
+                : hostlink::TryRemoteSend(Host(), group_combo::kFindByNames, query.size(),
+                                          std::as_writable_bytes(std::span(query)));
+    const int index = answer ? static_cast<int>(*answer) : kNone;
     return index != kNone && SelectItem(index);
-}
-
-bool ghGroupCombo::HasItem(int index) const noexcept {
-    return index >= 0 && index < ItemCount();
 }
 
 int ghGroupCombo::SelectedIndex() const noexcept {

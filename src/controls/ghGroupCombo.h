@@ -13,7 +13,7 @@ public:
     // The text of the selected item; empty when none is selected.
     std::string Text() const override;
 
-    int ItemCount() const noexcept;
+    int ItemsCount() const noexcept;
     // Empty for an index out of range.
     std::string ItemText(int index) const;
     // The text of the heading that the item belongs to; a heading's own text for a heading.
@@ -28,6 +28,5 @@ public:
     bool SelectItemByName(const std::string& heading, const std::string& item) const;
 
 private:
-    bool HasItem(int index) const noexcept;
     int SelectedIndex() const noexcept;
 };

@@ -49,7 +49,7 @@ bool ChangeSelection(const ghListBox& list, int index, bool select) {
 }
 
 bool ChangeSelection(const ghListBox& list, const std::string& name, bool select) {
-    const int index = controls::FindItemByPrefix(list, name);
+    const int index = controls::ActivateAndFindItem(list, name);
     return index >= 0 && ChangeSelection(list, index, select);
 }
 

@@ -67,7 +67,7 @@ bool ChangeCheck(const ghListView& list, int index, bool check) {
 // False without further action when no item has the name.
 template <class Act>
 bool OnNamedItem(const ghListView& list, const std::string& name, Act act) {
-    const int index = controls::FindItemByPrefix(list, name);
+    const int index = controls::ActivateAndFindItem(list, name);
     return index >= 0 && act(index);
 }
 
@@ -101,31 +101,31 @@ bool ghListView::IsSelected(int index) const noexcept {
     return controls::ListItemState(Window(), index, LVIS_SELECTED) != 0;
 }
 
-bool ghListView::SelectItem(int index) {
+bool ghListView::SelectItem(int index) const {
     return ChangeSelection(*this, index, true, Selection::Exclusive);
 }
 
-bool ghListView::SelectItemByName(const std::string& name) {
+bool ghListView::SelectItemByName(const std::string& name) const {
     return OnNamedItem(*this, name, [&](int index) { return SelectItem(index); });
 }
 
-bool ghListView::AddToSelection(int index) {
+bool ghListView::AddToSelection(int index) const {
     return ChangeSelection(*this, index, true, Selection::Additive);
 }
 
-bool ghListView::AddToSelectionByName(const std::string& name) {
+bool ghListView::AddToSelectionByName(const std::string& name) const {
     return OnNamedItem(*this, name, [&](int index) { return AddToSelection(index); });
 }
 
-bool ghListView::UnselectItem(int index) {
+bool ghListView::UnselectItem(int index) const {
     return ChangeSelection(*this, index, false, Selection::Additive);
 }
 
-bool ghListView::UnselectItemByName(const std::string& name) {
+bool ghListView::UnselectItemByName(const std::string& name) const {
     return OnNamedItem(*this, name, [&](int index) { return UnselectItem(index); });
 }
 
-void ghListView::Select() {
+void ghListView::Select() const {
     const int index = SelectedItem();
     if (index < 0) {
         return;
@@ -140,23 +140,23 @@ bool ghListView::IsChecked(int index) const noexcept {
     return controls::HasItem(*this, index) && HasCheck(*this, index);
 }
 
-bool ghListView::CheckItem(int index) {
+bool ghListView::CheckItem(int index) const {
     return ChangeCheck(*this, index, true);
 }
 
-bool ghListView::CheckItemByName(const std::string& name) {
+bool ghListView::CheckItemByName(const std::string& name) const {
     return OnNamedItem(*this, name, [&](int index) { return CheckItem(index); });
 }
 
-bool ghListView::UncheckItem(int index) {
+bool ghListView::UncheckItem(int index) const {
     return ChangeCheck(*this, index, false);
 }
 
-bool ghListView::UncheckItemByName(const std::string& name) {
+bool ghListView::UncheckItemByName(const std::string& name) const {
     return OnNamedItem(*this, name, [&](int index) { return UncheckItem(index); });
 }
 
-std::unique_ptr<ghControlBar> ghListView::ContextMenu(bool selected) {
+std::unique_ptr<ghControlBar> ghListView::ContextMenu(bool selected) const {
     const int index = selected ? SelectedItem() : -1;
     const POINT point = index >= 0 ? controls::Centre(VisibleLabel(*this, index)) : PointBelowItems(*this);
     return controlbars::OpenContextMenu(*this, point.x, point.y);

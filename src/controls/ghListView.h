@@ -22,25 +22,25 @@ public:
     int SelectedItem() const noexcept;
     bool IsSelected(int index) const noexcept;
     // Makes the item the only selected one, by a click. The click's success is not checked, here and below.
-    bool SelectItem(int index);
-    bool SelectItemByName(const std::string& name);
+    bool SelectItem(int index) const;
+    bool SelectItemByName(const std::string& name) const;
     // Leave the selection of the other items alone.
-    bool AddToSelection(int index);
-    bool AddToSelectionByName(const std::string& name);
-    bool UnselectItem(int index);
-    bool UnselectItemByName(const std::string& name);
+    bool AddToSelection(int index) const;
+    bool AddToSelectionByName(const std::string& name) const;
+    bool UnselectItem(int index) const;
+    bool UnselectItemByName(const std::string& name) const;
     // Opens the first selected item, as a double click does.
-    void Select();
+    void Select() const;
 
     // True also for every item of a list without check boxes.
     bool IsChecked(int index) const noexcept;
     // Also false for a list without check boxes.
-    bool CheckItem(int index);
-    bool CheckItemByName(const std::string& name);
-    bool UncheckItem(int index);
-    bool UncheckItemByName(const std::string& name);
+    bool CheckItem(int index) const;
+    bool CheckItemByName(const std::string& name) const;
+    bool UncheckItem(int index) const;
+    bool UncheckItemByName(const std::string& name) const;
 
     // The menu of the first selected item; with `selected` false, or without a selected item, the menu of
     // the place below the last item. Null if none opened.
-    std::unique_ptr<ghControlBar> ContextMenu(bool selected);
+    std::unique_ptr<ghControlBar> ContextMenu(bool selected) const;
 };

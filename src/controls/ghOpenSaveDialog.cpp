@@ -2,31 +2,42 @@
 
 #include <stdexcept>
 
+#include "engine/enumerate.h"
 #include "engine/navigation.h"
 #include "engine/wait_loop.h"
-#include "hostlink/window_class.h"
+#include "hostlink/host_classes.h"
 #include "hostlink/window_kind.h"
 #include "input/mouse.h"
 
 namespace {
 
+// Control ids of the system's dialog. The field for the name is a combo box, in older dialogs an edit
+// control; the address bar has the id of the latter, and so has the edit control inside of any drop-down
+// combo box of any dialog.
 constexpr int kNameCombo = 1148;
 constexpr int kNameEdit = 1001;
 constexpr int kAddressBar = 1001;
 constexpr int kFieldSeconds = 5;
 constexpr char kNoField[] = "Expected to find edit control";
 
-HWND FindBelow(HWND dialog, const char* className, int id) {
-    return engine::FindChildWindow(dialog, "", className, id, engine::kAnyDescendant);
+constexpr engine::ControlKind kExactEdit = {"Edit"};
+constexpr engine::ControlKind kToolbar = {"ToolbarWindow32"};
+
+HWND FindDescendant(HWND dialog, int id) {
+    return engine::FindChildWindow(dialog, "", "", id, engine::kAnyDescendant);
 }
 
-// The address bar shares its id with the field of some dialogs, so that an edit control goes first.
+HWND FindAddressBar(HWND dialog) {
+    return engine::FindControl(dialog, kToolbar, kAddressBar, engine::kAnyDescendant);
+}
+
+// Where several windows have the id of the edit control, one that is an edit control goes first.
 HWND FindNameField(HWND dialog) {
-    if (const HWND combo = FindBelow(dialog, "", kNameCombo)) {
+    if (const HWND combo = FindDescendant(dialog, kNameCombo)) {
         return combo;
     }
-    const HWND edit = FindBelow(dialog, "Edit", kNameEdit);
-    return edit != nullptr ? edit : FindBelow(dialog, "", kNameEdit);
+    const HWND edit = engine::FindControl(dialog, kExactEdit, kNameEdit, engine::kAnyDescendant);
+    return edit != nullptr ? edit : FindDescendant(dialog, kNameEdit);
 }
 
 // The lists and bars deeper in the dialog have this id too.
@@ -34,25 +45,17 @@ HWND FindDefaultButton(HWND dialog) {
     return engine::FindChildWindow(dialog, "", "", IDOK, 0);
 }
 
-bool IsOpenSaveDialog(HWND window) {
+// May open or save a file: an ordinary dialog with a combo box and an OK button looks alike.
+bool LooksLikeOpenSaveDialog(HWND window) {
     return (hostlink::WindowStyle(window) & WS_POPUP) != 0 && IsWindowVisible(window) &&
-           IsWindowEnabled(window) && hostlink::WindowClass(window).Name() == "#32770" &&
+           IsWindowEnabled(window) && hostlink::WindowClass(window).Name() == hostlink::kDialogClass &&
            FindNameField(window) != nullptr && FindDefaultButton(window) != nullptr;
 }
 
-struct DialogSearch {
-    DWORD processId = 0;
-    HWND result = nullptr;
-};
-
-BOOL CALLBACK VisitForDialog(HWND window, LPARAM parameter) noexcept {
-    auto& search = *reinterpret_cast<DialogSearch*>(parameter);
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    if (processId == search.processId && IsOpenSaveDialog(window)) {
-        search.result = window;
-    }
-    return search.result == nullptr;
+// Has what only the system's dialog has.
+bool IsSureOpenSaveDialog(HWND window) {
+    return FindDescendant(window, kNameCombo) != nullptr || FindAddressBar(window) != nullptr ||
+           FindWindowExA(window, nullptr, "DUIViewWndClassName", nullptr) != nullptr;
 }
 
 } // namespace
@@ -60,7 +63,7 @@ BOOL CALLBACK VisitForDialog(HWND window, LPARAM parameter) noexcept {
 void ghOpenSaveDialog::File(const std::string& name) const {
     HWND field = nullptr;
     engine::Wait(
-        kFieldSeconds, [&] { return (field = FindNameField(Window())) != nullptr; }, kNoField);
+        kFieldSeconds, [&] { return (field = FindNameField(Window())) != nullptr; }, kNoField, Window());
     if (field == nullptr) {
         throw std::runtime_error(kNoField);
     }
@@ -73,19 +76,30 @@ void ghOpenSaveDialog::File(const std::string& name) const {
 }
 
 std::string ghOpenSaveDialog::Path() const {
-    constexpr engine::ControlKind kToolbar = {"ToolbarWindow32"};
-    const HWND bar = engine::FindControl(Window(), kToolbar, kAddressBar, engine::kAnyDescendant);
+    const HWND bar = FindAddressBar(Window());
     return bar != nullptr ? ghBaseWindow(bar).Text() : "Invalid";
 }
 
 namespace controls {
 
 HWND FindOpenSaveDialog(HWND from) {
-    DialogSearch search;
-    if (GetWindowThreadProcessId(from, &search.processId) != 0) {
-        EnumWindows(VisitForDialog, reinterpret_cast<LPARAM>(&search));
+    DWORD processId = 0;
+    if (GetWindowThreadProcessId(from, &processId) == 0) {
+        return nullptr;
     }
-    return search.result;
+    // The topmost sure one; the topmost of the rest where there is none.
+    HWND sure = nullptr;
+    HWND likely = nullptr;
+    engine::EnumerateWindows(nullptr, [&](HWND window) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == processId && LooksLikeOpenSaveDialog(window)) {
+            likely = likely != nullptr ? likely : window;
+            sure = IsSureOpenSaveDialog(window) ? window : nullptr;
+        }
+        return sure == nullptr;
+    });
+    return sure != nullptr ? sure : likely;
 }
 
 } // namespace controls

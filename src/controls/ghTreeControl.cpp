@@ -87,19 +87,19 @@ std::unique_ptr<ghTreeItem> ghTreeControl::SelectedItem() const {
     return MakeFound(*this, controls::RelatedItem(Window(), TVGN_CARET));
 }
 
-bool ghTreeControl::SelectItem(const std::string& path) {
+bool ghTreeControl::SelectItem(const std::string& path) const {
     return SelectFound(*this, FinderByNumbers(*this, path));
 }
 
-bool ghTreeControl::SelectItemByNum(int number) {
+bool ghTreeControl::SelectItemByNum(int number) const {
     return SelectFound(*this, [&] { return controls::FindByRunningNumber(Window(), number); });
 }
 
-bool ghTreeControl::SelectItemByPath(const std::string& path) {
+bool ghTreeControl::SelectItemByPath(const std::string& path) const {
     return SelectFound(*this, FinderByNames(*this, path));
 }
 
-std::unique_ptr<ghControlBar> ghTreeControl::ContextMenu(bool selected) {
+std::unique_ptr<ghControlBar> ghTreeControl::ContextMenu(bool selected) const {
     const auto item = selected ? SelectedItem() : nullptr;
     // An item without a rectangle counts as being at the origin, unlike for the item's own menu.
     const POINT point = item ? item->TextCentre().value_or(POINT{}) : PointBelowItems(Window());

@@ -27,11 +27,11 @@ public:
     std::unique_ptr<ghTreeItem> SelectedItem() const;
 
     // Each activates the tree, finds the item and selects it. A path that is too long does nothing.
-    bool SelectItem(const std::string& path);
-    bool SelectItemByNum(int number);
-    bool SelectItemByPath(const std::string& path);
+    bool SelectItem(const std::string& path) const;
+    bool SelectItemByNum(int number) const;
+    bool SelectItemByPath(const std::string& path) const;
 
     // The menu of the selected item; with `selected` false, or without a selected item, the menu of the
     // place below the last item. Null if none opened.
-    std::unique_ptr<ghControlBar> ContextMenu(bool selected);
+    std::unique_ptr<ghControlBar> ContextMenu(bool selected) const;
 };

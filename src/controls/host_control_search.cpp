@@ -1,5 +1,6 @@
 #include "controls/host_control_search.h"
 
+#include "engine/enumerate.h"
 #include "ghosthand/host_contract.h"
 #include "hostlink/registered_messages.h"
 #include "inhouse/dlgkit.h"
@@ -31,25 +32,6 @@ DWORD ProcessOf(HWND window) noexcept {
     return processId;
 }
 
-struct CadViewSearch {
-    DWORD processId;
-    HWND result = nullptr;
-};
-
-BOOL CALLBACK VisitDescendant(HWND window, LPARAM parameter) noexcept {
-    auto& search = *reinterpret_cast<CadViewSearch*>(parameter);
-    if (IsCadView(window)) {
-        search.result = window;
-    }
-    return search.result == nullptr;
-}
-
-// The top-level windows of other programs are not asked: one that hangs would block the script.
-BOOL CALLBACK VisitTopLevel(HWND window, LPARAM parameter) noexcept {
-    const auto& search = *reinterpret_cast<const CadViewSearch*>(parameter);
-    return ProcessOf(window) == search.processId ? VisitDescendant(window, parameter) : TRUE;
-}
-
 } // namespace
 
 bool IsCadTree(HWND window) {
@@ -71,15 +53,24 @@ HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags) {
 }
 
 HWND FindCadView(HWND from) {
-    CadViewSearch search = {ProcessOf(from)};
-    if (search.processId == 0) {
+    const DWORD processId = ProcessOf(from);
+    if (processId == 0) {
         return nullptr;
     }
-    EnumChildWindows(from, VisitDescendant, reinterpret_cast<LPARAM>(&search));
-    if (search.result == nullptr) {
-        EnumWindows(VisitTopLevel, reinterpret_cast<LPARAM>(&search));
+    HWND found = nullptr;
+    engine::EnumerateWindows(from, [&](HWND window) {
+        found = IsCadView(window) ? window : nullptr;
+        return found == nullptr;
+    });
+    if (found != nullptr) {
+        return found;
     }
-    return search.result;
+    // The top-level windows of other programs are not asked: one that hangs would block the script.
+    engine::EnumerateWindows(nullptr, [&](HWND window) {
+        found = ProcessOf(window) == processId && IsCadView(window) ? window : nullptr;
+        return found == nullptr;
+    });
+    return found;
 }
 
 HWND FindRibbonWidget(HWND from, std::string_view name, std::int64_t id, std::uint32_t flags) {

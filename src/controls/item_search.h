@@ -28,9 +28,9 @@ int FirstItemWithPrefix(const List& list, std::string_view name) {
     return -1;
 }
 
-// The same, after activating the list.
+// Activates the list, then does the same.
 template <class List>
-int FindItemByPrefix(const List& list, std::string_view name) {
+int ActivateAndFindItem(const List& list, std::string_view name) {
     engine::Activate(list);
     return FirstItemWithPrefix(list, name);
 }

@@ -34,12 +34,21 @@ private:
     bool m_attached = false;
 };
 
+// The system may refuse a child window the foreground; its root window takes it along.
+bool TakeForeground(HWND window) noexcept {
+    if (SetForegroundWindow(window)) {
+        return true;
+    }
+    const HWND root = GetAncestor(window, GA_ROOT);
+    return root != nullptr && root != window && SetForegroundWindow(root);
+}
+
 bool BringToFront(HWND window) noexcept {
     if (GetParent(window) == nullptr) {
         BringWindowToTop(window);
     }
     ShowWindow(window, (hostlink::WindowStyle(window) & WS_MAXIMIZE) != 0 ? SW_MAXIMIZE : SW_RESTORE);
-    return SetForegroundWindow(window) != FALSE;
+    return TakeForeground(window);
 }
 
 bool BringToFrontWithFocus(const ghBaseWindow& window) noexcept {
@@ -63,12 +72,16 @@ HWND BlockingDialog(HWND window) noexcept {
 
 void WaitUntilActive(const ghBaseWindow& window) {
     Wait(
-        kActiveSeconds, [&] { return IsActive(window); }, "Failed to wait for active window.");
+        kActiveSeconds, [&] { return IsActive(window); }, "Failed to wait for active window.",
+        window.Window());
 }
 
 } // namespace
 
 bool Activate(const ghBaseWindow& window) {
+    if (!IsWindow(window.Window())) {
+        return false;
+    }
     if (const HWND dialog = BlockingDialog(window.Window())) {
         ghBaseWindow blocking(dialog);
         blocking.SetSynchronization(window.Synchronization());
@@ -97,7 +110,8 @@ void WaitUntilReady(const ghBaseWindow& window) {
 
 void WaitUntilEnabled(const ghBaseWindow& window) {
     Wait(
-        window.EnabledTimeout(), [&] { return window.Enabled(); }, "Failed to wait for enabled window.");
+        window.EnabledTimeout(), [&] { return window.Enabled(); }, "Failed to wait for enabled window.",
+        window.Window());
 }
 
 } // namespace engine

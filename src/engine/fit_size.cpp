@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "engine/synchronise.h"
-#include "hostlink/window_class.h"
+#include "hostlink/host_classes.h"
 #include "hostlink/window_kind.h"
 
 namespace engine {
@@ -52,8 +52,7 @@ Ancestry PrepareAncestors(const ghBaseWindow& window) {
             // In a control the same bit is WS_TABSTOP; a control leaves the command alone or follows it.
             PostSystemCommand(window, current, SC_MAXIMIZE);
         }
-        if (below != nullptr &&
-            hostlink::WindowClass(current).Name().find("AfxMDIFrame") != std::string_view::npos) {
+        if (below != nullptr && hostlink::IsMdiFrameClass(hostlink::WindowClass(current))) {
             ancestry.belowFrame = below;
             ancestry.touchingEdges = TouchingEdges(WindowRectangle(current), WindowRectangle(below));
         }

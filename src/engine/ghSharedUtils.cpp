@@ -7,8 +7,11 @@
 HWND ghSharedUtils::active_dialog(HWND window) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    for (HWND current = GetWindow(window, GW_HWNDFIRST); current != nullptr;
-         current = GetWindow(current, GW_HWNDNEXT)) {
+    // The order of the windows may change during the walk and lead it in a circle.
+    constexpr int kMostWindows = 0x10000;
+    HWND current = GetWindow(window, GW_HWNDFIRST);
+    for (int walked = 0; current != nullptr && walked < kMostWindows;
+         ++walked, current = GetWindow(current, GW_HWNDNEXT)) {
         DWORD owner = 0;
         GetWindowThreadProcessId(current, &owner);
         if (owner == process && hostlink::IsPopupDialog(current) && IsWindowVisible(current) &&

@@ -5,16 +5,21 @@
 
 #include <windows.h>
 
+#include "hostlink/script_holds.h"
+
 namespace engine {
 
 // An atom of the global table for the lifetime of the object.
 class GlobalAtom {
 public:
     explicit GlobalAtom(const std::string& name) noexcept
-        : m_atom(CanBeAtom(name) ? GlobalAddAtomA(name.c_str()) : ATOM{0}) {}
+        : m_atom(CanBeAtom(name) ? GlobalAddAtomA(name.c_str()) : ATOM{0}) {
+        hostlink::NoteHeldAtom(m_atom);
+    }
     ~GlobalAtom() {
         if (m_atom != 0) {
             GlobalDeleteAtom(m_atom);
+            hostlink::NoteHeldAtom(0);
         }
     }
     GlobalAtom(const GlobalAtom&) = delete;

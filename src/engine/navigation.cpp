@@ -1,7 +1,8 @@
 #include "engine/navigation.h"
 
 #include "engine/global_atom.h"
-#include "engine/synchronise.h"
+#include "engine/window_relations.h"
+#include "hostlink/host_classes.h"
 #include "hostlink/registered_messages.h"
 #include "hostlink/window_kind.h"
 
@@ -77,7 +78,7 @@ HWND FindChildWindow(HWND from, std::string_view caption, std::string_view class
 }
 
 HWND FindChildDialog(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags) {
-    return FindChildWindow(from, caption, "#32770", id, flags);
+    return FindChildWindow(from, caption, hostlink::kDialogClass, id, flags);
 }
 
 HWND FindChildDialogByControl(HWND from, std::string_view caption, std::int64_t id, bool visibleOnly) {

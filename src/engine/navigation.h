@@ -3,6 +3,8 @@
 // id below 1 means any.
 #pragma once
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "engine/window_search.h"

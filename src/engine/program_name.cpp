@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "hostlink/host_text.h"
+
 namespace engine {
 
 namespace {
@@ -30,13 +32,14 @@ private:
 // reads in its memory.
 std::string ReadProgramName(DWORD processId) {
     const ProcessHandle process(processId);
-    std::string path(kLongestPath, '\0');
+    std::wstring path(kLongestPath, L'\0');
     DWORD length = kLongestPath;
-    if (process.Get() == nullptr || !QueryFullProcessImageNameA(process.Get(), 0, path.data(), &length)) {
+    if (process.Get() == nullptr || !QueryFullProcessImageNameW(process.Get(), 0, path.data(), &length)) {
         return {};
     }
     path.resize(length);
-    return path.substr(path.find_last_of('\\') + 1);
+    // Cut before the conversion: in some code pages the second byte of a character looks like a backslash.
+    return hostlink::ToAnsi(std::wstring_view(path).substr(path.find_last_of(L'\\') + 1));
 }
 
 } // namespace

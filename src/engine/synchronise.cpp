@@ -3,6 +3,7 @@
 #include "engine/ghSharedUtils.h"
 #include "engine/thread_idle.h"
 #include "engine/wait_loop.h"
+#include "engine/window_relations.h"
 #include "hostlink/registered_messages.h"
 #include "hostlink/sync_watch.h"
 #include "hostlink/window_kind.h"
@@ -11,62 +12,85 @@ namespace engine {
 
 namespace {
 
-constexpr int kLongestSynchronisation = 60000; // milliseconds
+// One synchronisation: the marker message on its way through the host's queue.
+class Synchronisation {
+public:
+    Synchronisation(const ghBaseWindow& window, const SynchronisationLimits& limits)
+        : m_window(window), m_limits(limits), m_ancestor(TopLevelAncestor(window.Window())),
+          m_target(window.Window()), m_watch(window.ThreadId()) {}
 
-// The window that the marker message goes to: a popup dialog that appeared, else the window itself.
-HWND ChooseTarget(hostlink::SyncWatch& watch, HWND window, HWND target) noexcept {
-    const HWND popup = watch.Popup();
-    if (popup == nullptr) {
-        return target;
+    void Run() {
+        const ULONGLONG begin = GetTickCount64();
+        const auto longest = static_cast<ULONGLONG>(m_limits.longestMilliseconds);
+        do {
+            ChooseTarget();
+            PostMarker();
+            PumpOneStep();
+        } while (!IsInStep() && GetTickCount64() - begin < longest);
     }
-    watch.RequestPost();
-    if (hostlink::IsPopupDialog(popup)) {
-        return popup;
-    }
-    watch.ForgetPopup();
-    return window;
-}
 
-bool InStep(const hostlink::SyncWatch& watch, const ghBaseWindow& window, HWND ancestor, HWND target) {
-    if (QueryThreadIdle(window.ThreadId()) == ThreadIdleState::Busy) {
-        return false;
+private:
+    // The window that the marker message goes to: a popup dialog that appeared, else the window itself.
+    void ChooseTarget() noexcept {
+        const HWND popup = m_watch.Popup();
+        if (popup == nullptr) {
+            return;
+        }
+        m_watch.RequestPost();
+        if (hostlink::IsPopupDialog(popup)) {
+            m_target = popup;
+        } else {
+            m_watch.ForgetPopup();
+            m_target = m_window.Window();
+        }
     }
-    const HWND popup = watch.Popup();
-    if (popup != nullptr && IsWindow(popup) && ghSharedUtils::active_dialog(ancestor) != popup) {
-        return false;
+
+    // A full queue takes the marker in a later round. A window that refuses it, for lack of rights, never
+    // will: there is nothing to wait for then but the thread's idleness.
+    void PostMarker() noexcept {
+        if (!m_watch.WantsPost() || !IsWindow(m_target)) {
+            return;
+        }
+        m_watch.ExpectSync();
+        m_isMarkerOut = PostMessageA(m_target, hostlink::MSG_GH_SYNC, 0, 0) != FALSE;
+        m_isMarkerRefused = !m_isMarkerOut && GetLastError() == ERROR_ACCESS_DENIED;
+        if (!m_isMarkerOut) {
+            m_watch.RequestPost();
+        }
     }
-    return watch.Consumed() || !IsWindow(target);
-}
+
+    bool HasTakenMarker() const noexcept {
+        return m_isMarkerRefused || (m_isMarkerOut && m_watch.Consumed()) || !IsWindow(m_target);
+    }
+
+    bool IsPopupActive() const noexcept {
+        const HWND popup = m_watch.Popup();
+        return popup == nullptr || !IsWindow(popup) || ghSharedUtils::active_dialog(m_ancestor) == popup;
+    }
+
+    // The idle query is the dearest question and comes last.
+    bool IsInStep() const { return HasTakenMarker() && IsPopupActive() && !IsBusy(); }
+
+    bool IsBusy() const {
+        const auto query = m_limits.queryIdle != nullptr ? m_limits.queryIdle : QueryThreadIdle;
+        return query(m_window.ThreadId()) == ThreadIdleState::Busy;
+    }
+
+    const ghBaseWindow& m_window;
+    const SynchronisationLimits& m_limits;
+    HWND m_ancestor;
+    HWND m_target;
+    bool m_isMarkerOut = false;
+    bool m_isMarkerRefused = false;
+    hostlink::SyncWatch m_watch;
+};
 
 } // namespace
 
-void Synchronise(const ghBaseWindow& window) {
-    if (!window.Synchronization()) {
-        return;
+void Synchronise(const ghBaseWindow& window, const SynchronisationLimits& limits) {
+    if (window.Synchronization()) {
+        Synchronisation(window, limits).Run();
     }
-    hostlink::SyncWatch watch(window.ThreadId());
-    const HWND ancestor = TopLevelAncestor(window.Window());
-    HWND target = window.Window();
-    for (int elapsed = 0; elapsed < kLongestSynchronisation;) {
-        target = ChooseTarget(watch, window.Window(), target);
-        if (watch.Consumed() && IsWindow(target)) {
-            watch.ExpectSync();
-            PostMessageA(target, hostlink::MSG_GH_SYNC, 0, 0);
-        }
-        PumpOneStep();
-        elapsed += kStepMilliseconds;
-        if (InStep(watch, window, ancestor, target)) {
-            return;
-        }
-    }
-}
-
-HWND TopLevelAncestor(HWND window) noexcept {
-    HWND ancestor = window;
-    for (HWND parent = GetParent(window); parent != nullptr; parent = GetParent(parent)) {
-        ancestor = parent;
-    }
-    return ancestor;
 }
 
 } // namespace engine

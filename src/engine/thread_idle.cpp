@@ -40,13 +40,8 @@ constexpr DWORD kLargestBlockSize = 64 * 1024 * 1024;
 // What sufficed last time, so that a system with thousands of threads is not asked a dozen times per query.
 std::atomic<DWORD> lastBlockSize{kFirstBlockSize};
 
-// The first query opens the performance data silently, and keeps its providers loaded until this.
-struct PerformanceDataCloser {
-    PerformanceDataCloser() = default;
-    PerformanceDataCloser(const PerformanceDataCloser&) = delete;
-    PerformanceDataCloser& operator=(const PerformanceDataCloser&) = delete;
-    ~PerformanceDataCloser() { RegCloseKey(HKEY_PERFORMANCE_DATA); }
-};
+// Whether a query has opened the performance data, which the system does silently.
+std::atomic<bool> isOpen = false;
 
 } // namespace
 
@@ -55,7 +50,7 @@ ThreadIdleState QueryThreadIdle(DWORD threadId) {
         return ThreadIdleState::CannotTell;
 
     const std::string valueName = std::to_string(layout::kThreadObject);
-    const PerformanceDataCloser closer;
+    isOpen = true;
     for (DWORD capacity = lastBlockSize;; capacity += kBlockSizeStep) {
         const auto block = std::make_unique_for_overwrite<std::byte[]>(capacity);
         // What the size holds after a refusal is undefined for performance data: it is set for each try.
@@ -70,6 +65,12 @@ ThreadIdleState QueryThreadIdle(DWORD threadId) {
             std::printf("Registry query failed for %s.\n", valueName.c_str());
             return ThreadIdleState::CannotTell;
         }
+    }
+}
+
+void ReleasePerformanceData() noexcept {
+    if (isOpen.exchange(false)) {
+        RegCloseKey(HKEY_PERFORMANCE_DATA);
     }
 }
 

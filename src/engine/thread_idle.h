@@ -12,4 +12,8 @@ namespace engine {
 // query is reported on standard output.
 ThreadIdleState QueryThreadIdle(DWORD threadId);
 
+// Lets go of the performance data, which the first query opens: its providers stay loaded in between, as
+// loading them takes far longer than a query. The next query opens them again.
+void ReleasePerformanceData() noexcept;
+
 } // namespace engine

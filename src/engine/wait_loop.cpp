@@ -20,13 +20,19 @@ int SaturatedMilliseconds(int seconds) noexcept {
 } // namespace
 
 void PumpOneStep() noexcept {
-    SafeWaitWithMessageLoop(0, nullptr, kStepMilliseconds, TRUE, nullptr);
+    PumpFor(kStepMilliseconds);
 }
 
-bool Wait(int timeoutSeconds, std::function<bool()> predicate, const std::string& message) {
+void PumpFor(int milliseconds) noexcept {
+    if (milliseconds > 0) {
+        SafeWaitWithMessageLoop(0, nullptr, static_cast<DWORD>(milliseconds), TRUE, nullptr);
+    }
+}
+
+bool Wait(int timeoutSeconds, std::function<bool()> predicate, const std::string& message, HWND needed) {
     int remaining = SaturatedMilliseconds(timeoutSeconds);
     while (!predicate()) {
-        if (remaining < 1) {
+        if (remaining < 1 || (needed != nullptr && !IsWindow(needed))) {
             diagnostics::Report(message);
             return false;
         }

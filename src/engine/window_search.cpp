@@ -4,6 +4,7 @@
 #include <string>
 
 #include "engine/diagnostics.h"
+#include "engine/enumerate.h"
 #include "engine/program_name.h"
 #include "hostlink/host_text.h"
 #include "hostlink/window_kind.h"
@@ -19,29 +20,20 @@ public:
         : m_criteria(criteria), m_describes(diagnostics::Listening()) {}
 
     void Enumerate() {
-        if ((m_criteria.style & WS_CHILD) == 0 && m_criteria.parent == nullptr) {
-            EnumWindows(Callback, reinterpret_cast<LPARAM>(this));
-            return;
-        }
+        const auto visit = [this](HWND window) {
+            Visit(window);
+            return true;
+        };
+        const bool onlyTopLevel = (m_criteria.style & WS_CHILD) == 0 && m_criteria.parent == nullptr;
         m_amongDescendants = m_criteria.parent != nullptr;
-        EnumChildWindows(m_criteria.parent, Callback, reinterpret_cast<LPARAM>(this));
+        EnumerateWindows(m_criteria.parent, visit);
         m_amongDescendants = false;
-        if (m_criteria.result == nullptr) {
-            EnumWindows(Callback, reinterpret_cast<LPARAM>(this));
+        if (!onlyTopLevel && m_criteria.result == nullptr) {
+            EnumerateWindows(nullptr, visit);
         }
     }
 
 private:
-    // An exception must not cross the system's enumeration; a window that cannot be tested does not match.
-    static BOOL CALLBACK Callback(HWND window, LPARAM run) noexcept {
-        try {
-            reinterpret_cast<SearchRun*>(run)->Visit(window);
-        } catch (...) {
-            return TRUE;
-        }
-        return TRUE;
-    }
-
     bool Has(SearchFlag flag) const noexcept { return (m_criteria.flags & flag) != 0; }
 
     void Visit(HWND window) {

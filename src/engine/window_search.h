@@ -1,6 +1,7 @@
 // The search over the windows of the desktop that every navigation ends in.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 

@@ -1,7 +1,9 @@
 #include "input/held_modifiers.h"
 
 #include "hostlink/key_state.h"
+#include "hostlink/script_holds.h"
 #include "input/mouse.h"
+#include "input/mouse_event.h"
 
 namespace input {
 
@@ -15,10 +17,13 @@ struct Modifier {
 // In the order in which they are set and released.
 constexpr Modifier kModifiers[] = {{kControlKey, VK_CONTROL}, {kShiftKey, VK_SHIFT}, {kAltKey, VK_MENU}};
 
-void SetModifiers(const hostlink::HostWindow& target, int keys, BYTE state) noexcept {
+constexpr int kModifierBits = kControlKey | kShiftKey | kAltKey;
+
+template <class Set>
+void ForEachKey(int keys, Set set) noexcept {
     for (const Modifier& modifier : kModifiers) {
         if ((keys & modifier.bit) != 0) {
-            hostlink::SetHostKeyState(target, modifier.virtualKey, state);
+            set(modifier.virtualKey);
         }
     }
 }
@@ -39,12 +44,35 @@ hostlink::HostWindow ReachableWindow(hostlink::HostWindow target) noexcept {
 } // namespace
 
 HeldModifiers::HeldModifiers(const hostlink::HostWindow& target, int keys) noexcept
-    : m_target(target), m_keys(keys) {
-    SetModifiers(m_target, m_keys, hostlink::kKeyHeld);
+    : m_target(target), m_keys(keys & kModifierBits) {
+    if (m_keys == 0) {
+        return;
+    }
+    hostlink::NoteHeldKeys(m_target.threadId, static_cast<unsigned>(m_keys));
+    ForEachKey(m_keys, [&](BYTE key) { hostlink::SetHostKeyState(m_target, key, hostlink::kKeyHeld); });
 }
 
 HeldModifiers::~HeldModifiers() {
-    SetModifiers(ReachableWindow(m_target), m_keys, hostlink::kKeyReleased);
+    if (m_keys == 0) {
+        return;
+    }
+    const hostlink::HostWindow reachable = ReachableWindow(m_target);
+    ForEachKey(m_keys, [&](BYTE key) { hostlink::SetHostKeyState(reachable, key, hostlink::kKeyReleased); });
+    hostlink::NoteHeldKeys(0, 0);
+}
+
+void ReleaseAbandonedInput() noexcept {
+    const auto holds = hostlink::TakeAbandonedHolds();
+    if (!holds) {
+        return;
+    }
+    const hostlink::HostWindow host = ReachableWindow({nullptr, holds->keysThreadId});
+    ForEachKey(static_cast<int>(holds->keys),
+               [&](BYTE key) { hostlink::TrySetHostKeyState(host, key, hostlink::kKeyReleased); });
+    ReleaseButtons(holds->buttons);
+    if (holds->atom != 0) {
+        GlobalDeleteAtom(holds->atom);
+    }
 }
 
 } // namespace input

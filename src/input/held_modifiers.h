@@ -18,7 +18,11 @@ public:
 
 private:
     hostlink::HostWindow m_target;
-    int m_keys;
+    int m_keys; // modifier bits alone
 };
+
+// Releases the keys and buttons that a script held when it was ended, and the atom that it left. To be
+// called when a script begins its work.
+void ReleaseAbandonedInput() noexcept;
 
 } // namespace input

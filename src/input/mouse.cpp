@@ -24,7 +24,6 @@ public:
         Post(message, keys);
     }
 
-private:
     void Post(UINT message, WPARAM keys) const noexcept {
         // A null window would mean the queue of this thread.
         if (m_window.IsValid()) {
@@ -32,6 +31,7 @@ private:
         }
     }
 
+private:
     const ghBaseWindow& m_window;
     LPARAM m_point;
 };
@@ -43,10 +43,11 @@ void PostClick(const ghBaseWindow& window, const PostedMouse& mouse, const Mouse
     mouse.MoveThenPost(keys | button.keyBit, button.ReleaseMessage(), keys);
 }
 
-void SendClick(const ghBaseWindow& window, int button, int x, int y) {
-    SendMouseEvent(window.Window(), button, true, x, y, true);
-    SendMouseEvent(window.Window(), button, false, x, y, true);
-}
+constexpr ButtonAction kPress[] = {ButtonAction::Press};
+constexpr ButtonAction kRelease[] = {ButtonAction::Release};
+constexpr ButtonAction kClick[] = {ButtonAction::Press, ButtonAction::Release};
+constexpr ButtonAction kDoubleClick[] = {ButtonAction::Press, ButtonAction::Release, ButtonAction::Press,
+                                         ButtonAction::Release};
 
 bool IsInForeground(HWND window) noexcept {
     const HWND foreground = GetForegroundWindow();
@@ -62,7 +63,7 @@ void Click(const ghBaseWindow& window, int button, int x, int y, int keys, bool 
     engine::WaitUntilReady(window);
     const HeldModifiers modifiers(window.Host(), keys);
     if (window.RealInput() || forceReal || (keys & kRealClick) != 0) {
-        SendClick(window, button, x, y);
+        SendMouseEvents(window.Window(), button, kClick, x, y);
     } else {
         PostClick(window, PostedMouse(window, x, y), ButtonOfCode(button), static_cast<WPARAM>(keys));
     }
@@ -73,18 +74,21 @@ void DoubleClick(const ghBaseWindow& window, int button, int x, int y, int keys)
     engine::WaitUntilReady(window);
     const HeldModifiers modifiers(window.Host(), keys);
     if (window.RealInput()) {
-        SendClick(window, button, x, y);
-        SendClick(window, button, x, y);
+        SendMouseEvents(window.Window(), button, kDoubleClick, x, y);
     } else {
         const PostedMouse mouse(window, x, y);
         const MouseButton messages = ButtonOfCode(button);
-        const auto free = static_cast<WPARAM>(keys);
-        const WPARAM held = free | messages.keyBit;
-        PostClick(window, mouse, messages, free);
+        const auto plain = static_cast<WPARAM>(keys);
+        const WPARAM held = plain | messages.keyBit;
+        PostClick(window, mouse, messages, plain);
         engine::Synchronise(window);
-        mouse.MoveThenPost(held, messages.DoubleClickMessage(), held);
+        mouse.Move(held);
+        // An unknown button has no second press: what stands in its place would be WM_DESTROY.
+        if (messages.IsKnown()) {
+            mouse.Post(messages.DoubleClickMessage(), held);
+        }
         engine::Synchronise(window);
-        mouse.MoveThenPost(held, messages.ReleaseMessage(), free);
+        mouse.MoveThenPost(held, messages.ReleaseMessage(), plain);
     }
     engine::Synchronise(window);
 }
@@ -93,14 +97,14 @@ void MouseDown(const ghBaseWindow& window, int button, int x, int y, int keys) {
     engine::WaitUntilReady(window);
     const HeldModifiers modifiers(window.Host(), keys);
     if (window.RealInput()) {
-        SendMouseEvent(window.Window(), button, true, x, y, true);
+        SendMouseEvents(window.Window(), button, kPress, x, y);
     } else {
         const PostedMouse mouse(window, x, y);
         const MouseButton messages = ButtonOfCode(button);
-        const auto free = static_cast<WPARAM>(keys);
-        mouse.Move(free);
+        const auto plain = static_cast<WPARAM>(keys);
+        mouse.Move(plain);
         engine::Synchronise(window);
-        mouse.MoveThenPost(free, messages.pressMessage, free | messages.keyBit);
+        mouse.MoveThenPost(plain, messages.pressMessage, plain | messages.keyBit);
     }
     engine::Synchronise(window);
 }
@@ -109,15 +113,15 @@ void MouseUp(const ghBaseWindow& window, int button, int x, int y, int keys) {
     engine::WaitUntilReady(window);
     const HeldModifiers modifiers(window.Host(), keys);
     if (window.RealInput()) {
-        SendMouseEvent(window.Window(), button, false, x, y, true);
+        SendMouseEvents(window.Window(), button, kRelease, x, y);
     } else {
         const PostedMouse mouse(window, x, y);
         const MouseButton messages = ButtonOfCode(button);
-        const auto free = static_cast<WPARAM>(keys);
-        const WPARAM held = free | messages.keyBit;
+        const auto plain = static_cast<WPARAM>(keys);
+        const WPARAM held = plain | messages.keyBit;
         mouse.Move(held);
         engine::Synchronise(window);
-        mouse.MoveThenPost(held, messages.ReleaseMessage(), free);
+        mouse.MoveThenPost(held, messages.ReleaseMessage(), plain);
     }
     engine::Synchronise(window);
 }

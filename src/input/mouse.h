@@ -4,13 +4,9 @@
 #pragma once
 
 #include "engine/ghBaseWindow.h"
+#include "input/mouse_button.h"
 
 namespace input {
-
-// Button codes; another code is posted as message 0, on purpose.
-inline constexpr int kLeftButton = 1;
-inline constexpr int kRightButton = 2;
-inline constexpr int kMiddleButton = 3;
 
 // Modifier bits; other bits go out unchanged in the wParam of posted messages.
 inline constexpr int kShiftKey = 0x04;

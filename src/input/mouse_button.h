@@ -5,12 +5,18 @@
 
 namespace input {
 
+// Button codes.
+inline constexpr int kLeftButton = 1;
+inline constexpr int kRightButton = 2;
+inline constexpr int kMiddleButton = 3;
+
 struct MouseButton {
     UINT pressMessage; // the release is the next message, the double click the one after
     WPARAM keyBit;     // in wParam while the button is held
     DWORD pressFlag;
     DWORD releaseFlag;
 
+    bool IsKnown() const noexcept { return pressMessage != WM_NULL; }
     UINT ReleaseMessage() const noexcept { return pressMessage + 1; }
     UINT DoubleClickMessage() const noexcept { return pressMessage + 2; }
 };
@@ -19,11 +25,11 @@ struct MouseButton {
 // plain move as real input.
 constexpr MouseButton ButtonOfCode(int code) noexcept {
     switch (code) {
-    case 1:
+    case kLeftButton:
         return {WM_LBUTTONDOWN, MK_LBUTTON, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
-    case 2:
+    case kRightButton:
         return {WM_RBUTTONDOWN, MK_RBUTTON, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP};
-    case 3:
+    case kMiddleButton:
         return {WM_MBUTTONDOWN, MK_MBUTTON, MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP};
     default:
         return {WM_NULL, 0, 0, 0};

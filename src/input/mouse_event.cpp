@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "engine/window_geometry.h"
+#include "hostlink/script_holds.h"
 #include "input/desktop_mapping.h"
 #include "input/mouse_block.h"
 #include "input/mouse_button.h"
@@ -11,8 +13,6 @@
 namespace input {
 
 namespace {
-
-constexpr int kNoButton = 0;
 
 struct ScreenPoint {
     std::int64_t x; // wide enough for any client point of any window
@@ -28,33 +28,78 @@ std::optional<ScreenPoint> ToScreen(HWND window, int x, int y) noexcept {
     return ScreenPoint{std::int64_t{info.rcClient.left} + x, std::int64_t{info.rcClient.top} + y};
 }
 
-void SendRecord(const ScreenPoint& point, DWORD buttonFlag) {
-    const RECT desktop = engine::WindowRectangle(GetDesktopWindow());
+INPUT Record(DWORD flags) noexcept {
     INPUT record = {};
     record.type = INPUT_MOUSE;
-    record.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | buttonFlag;
+    record.mi.dwFlags = flags;
+    return record;
+}
+
+INPUT RecordAt(const ScreenPoint& point, DWORD buttonFlag) noexcept {
+    const RECT desktop = engine::WindowRectangle(GetDesktopWindow());
+    INPUT record = Record(MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | buttonFlag);
     record.mi.dx = ToAbsoluteInput(point.x, desktop.right - desktop.left);
     record.mi.dy = ToAbsoluteInput(point.y, desktop.bottom - desktop.top);
+    return record;
+}
+
+void Send(std::span<INPUT> records) {
     LetMouseThrough();
-    SendInput(1, &record, sizeof record);
+    SendInput(static_cast<UINT>(records.size()), records.data(), sizeof(INPUT));
     BlockMouseAfterInput();
+}
+
+// The buttons that stay pressed behind a call: bit n is the button with code n.
+unsigned heldButtons = 0;
+
+void NoteAction(int button, ButtonAction last) noexcept {
+    if (!ButtonOfCode(button).IsKnown()) {
+        return;
+    }
+    const unsigned bit = 1u << button;
+    heldButtons = last == ButtonAction::Press ? heldButtons | bit : heldButtons & ~bit;
+    hostlink::NoteHeldButtons(heldButtons);
+}
+
+void MoveCursor(const ScreenPoint& point) {
+    INPUT record = RecordAt(point, 0);
+    Send({&record, 1});
 }
 
 } // namespace
 
-void SendMouseEvent(HWND window, int button, bool press, int x, int y, bool clientRelative) {
-    const MouseButton record = ButtonOfCode(button);
-    if (const auto point = clientRelative ? ToScreen(window, x, y) : ScreenPoint{x, y}) {
-        SendRecord(*point, press ? record.pressFlag : record.releaseFlag);
+void SendMouseEvents(HWND window, int button, std::span<const ButtonAction> actions, int x, int y) {
+    const MouseButton flags = ButtonOfCode(button);
+    const auto point = ToScreen(window, x, y);
+    if (!point && actions.front() == ButtonAction::Press) {
+        return;
+    }
+    std::vector<INPUT> records;
+    for (const ButtonAction action : actions) {
+        const DWORD flag = action == ButtonAction::Press ? flags.pressFlag : flags.releaseFlag;
+        records.push_back(point ? RecordAt(*point, flag) : Record(flag));
+    }
+    Send(records);
+    NoteAction(button, actions.back());
+}
+
+void ReleaseButtons(unsigned buttons) noexcept {
+    for (int code = 1; code <= kMiddleButton; ++code) {
+        if ((buttons & 1u << code) != 0) {
+            INPUT record = Record(ButtonOfCode(code).releaseFlag);
+            SendInput(1, &record, sizeof record);
+        }
     }
 }
 
 void MoveCursorInWindow(HWND window, int x, int y) {
-    SendMouseEvent(window, kNoButton, true, x, y, true);
+    if (const auto point = ToScreen(window, x, y)) {
+        MoveCursor(*point);
+    }
 }
 
 void MoveCursorOnScreen(int x, int y) {
-    SendMouseEvent(nullptr, kNoButton, true, x, y, false);
+    MoveCursor({x, y});
 }
 
 } // namespace input

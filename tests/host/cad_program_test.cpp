@@ -64,7 +64,7 @@ protected:
 
 TEST_F(CadProgram, GroupComboBelongsItemsToTheHeadingsAboveThem) {
     const ghGroupCombo combo = Combo();
-    EXPECT_EQ(combo.ItemCount(), 10);
+    EXPECT_EQ(combo.ItemsCount(), 10);
     EXPECT_EQ(combo.Text(), "Steel");
     EXPECT_EQ(combo.HeadingText(), "Metals");
     EXPECT_EQ(combo.ItemText(5), "Plastics");

@@ -76,13 +76,13 @@ TEST_F(ListView, ReadsItemsAndSubItems) {
 }
 
 TEST_F(ListView, FindsTheFirstItemThatBeginsWithTheName) {
-    EXPECT_EQ(controls::FindItemByPrefix(parts, "Bear"), 1);
-    EXPECT_EQ(controls::FindItemByPrefix(parts, "Bearing c"), 2);
-    EXPECT_EQ(controls::FindItemByPrefix(parts, "bear"), 4);
-    EXPECT_EQ(controls::FindItemByPrefix(parts, "Tr\xE4"), 3);
-    EXPECT_EQ(controls::FindItemByPrefix(parts, ""), 0);
-    EXPECT_EQ(controls::FindItemByPrefix(parts, "Bearing cap "), -1);
-    EXPECT_EQ(controls::FindItemByPrefix(ListWithId(ids::kLargeList), "Item 9999"), 9999);
+    EXPECT_EQ(controls::ActivateAndFindItem(parts, "Bear"), 1);
+    EXPECT_EQ(controls::ActivateAndFindItem(parts, "Bearing c"), 2);
+    EXPECT_EQ(controls::ActivateAndFindItem(parts, "bear"), 4);
+    EXPECT_EQ(controls::ActivateAndFindItem(parts, "Tr\xE4"), 3);
+    EXPECT_EQ(controls::ActivateAndFindItem(parts, ""), 0);
+    EXPECT_EQ(controls::ActivateAndFindItem(parts, "Bearing cap "), -1);
+    EXPECT_EQ(controls::ActivateAndFindItem(ListWithId(ids::kLargeList), "Item 9999"), 9999);
 }
 
 TEST_F(ListView, SelectsOneItemAndNoOther) {
@@ -206,7 +206,7 @@ TEST_F(ListView, OpensTheMenuOfAnItemOrOfThePlaceBelow) {
 TEST_F(ListView, EndsASearchWhoseListGoes) {
     ghListView large = ListWithId(ids::kLargeList);
     SampleHost::Misbehave(large.Window(), Misbehaviour::DestroyLater, 1500);
-    EXPECT_EQ(controls::FindItemByPrefix(large, "No such item"), -1);
+    EXPECT_EQ(controls::ActivateAndFindItem(large, "No such item"), -1);
     EXPECT_TRUE(Eventually([&] { return !IsWindow(large.Window()); }));
 
     EXPECT_EQ(large.ItemsCount(), 0);
