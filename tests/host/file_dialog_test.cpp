@@ -54,6 +54,16 @@ TEST_F(FileDialogTest, TheNameIsTypedAndTheDefaultButtonClicked) {
     EXPECT_EQ(controls::FindOpenSaveDialog(Host().Frame()), nullptr);
 }
 
+// It has an edit control with the field's number and an OK button, and lies in front.
+TEST_F(FileDialogTest, AnOrdinaryDialogInFrontIsNotTakenForIt) {
+    Host().Command(ids::kPageSettings);
+    const HWND settings = Host().WaitForWindow("Settings");
+    ASSERT_NE(settings, nullptr);
+    ASSERT_NE(GetDlgItem(settings, ids::kEdit), nullptr);
+    EXPECT_EQ(controls::FindOpenSaveDialog(Host().Frame()), Page());
+    SendMessageA(settings, WM_CLOSE, 0, 0);
+}
+
 TEST_F(FileDialogTest, AnEmptyNameIsConfirmedToo) {
     const HWND button = GetDlgItem(Page(), IDOK);
     ghOpenSaveDialog(Page()).File("");

@@ -69,9 +69,56 @@ TEST_F(Synchronise, ComesBackOnlyAfterABusyHostHasTakenTheMarker) {
                  static_cast<WPARAM>(Misbehaviour::Busy), 700);
     ASSERT_TRUE(frame.Post(WM_NULL, 0, 0));
     const auto syncs = Syncs(frame.Window());
-    ASSERT_THAT(syncs, SizeIs(1)); // not posted again while the first is under way
+    ASSERT_THAT(syncs, Not(IsEmpty()));
     EXPECT_EQ(syncs[0].wParam, 0u);
     EXPECT_EQ(syncs[0].lParam, 0u);
+}
+
+engine::ThreadIdleState BusyTwice(DWORD) {
+    static int asked = 0;
+    return ++asked % 3 == 0 ? engine::ThreadIdleState::Idle : engine::ThreadIdleState::Busy;
+}
+
+TEST_F(Synchronise, GoesOnWhileTheThreadIsBusyButNotForEver) {
+    const ghBaseWindow frame(host->Frame());
+    const auto elapsed = [&](const engine::SynchronisationLimits& limits) {
+        const ULONGLONG begin = GetTickCount64();
+        engine::Synchronise(frame, limits);
+        return GetTickCount64() - begin;
+    };
+    EXPECT_GE(elapsed({.queryIdle = BusyTwice}), 3u * 95);
+    const auto alwaysBusy = [](DWORD) { return engine::ThreadIdleState::Busy; };
+    EXPECT_GE(elapsed({.longestMilliseconds = 700, .queryIdle = alwaysBusy}), 700u);
+
+    // A host that takes no marker.
+    PostMessageA(frame.Window(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
+                 static_cast<WPARAM>(Misbehaviour::Busy), 5000);
+    EXPECT_LT(elapsed({.longestMilliseconds = 300}), 4000u);
+    SendMessageA(frame.Window(), WM_NULL, 0, 0);
+}
+
+// A timer or event of the script calls a member, which synchronises too, while the outer one waits.
+TEST_F(Synchronise, GoesOnAfterOneThatCameInBetween) {
+    static HWND other;
+    static bool cameIn;
+    other = host->WaitForWindow("Find");
+    cameIn = false;
+    ghBaseWindow frame(host->Frame());
+    PostMessageA(frame.Window(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
+                 static_cast<WPARAM>(Misbehaviour::Busy), 500);
+    SetTimer(nullptr, 0, 150, [](HWND, UINT, UINT_PTR timer, DWORD) {
+        KillTimer(nullptr, timer);
+        engine::Synchronise(ghBaseWindow(other));
+        cameIn = true;
+    });
+    host->ClearLog();
+    const ULONGLONG begin = GetTickCount64();
+    frame.Post(WM_NULL, 0, 0);
+    EXPECT_LT(GetTickCount64() - begin, 30000u);
+    EXPECT_TRUE(cameIn);
+    EXPECT_GE(Syncs(frame.Window()).size(), 2u) << "posted once more";
+    EXPECT_EQ(shared.syncQueueHook, 0u);
+    EXPECT_EQ(shared.syncCreateHook, 0u);
 }
 
 TEST_F(Synchronise, LeavesNoHookBehind) {

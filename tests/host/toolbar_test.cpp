@@ -223,6 +223,16 @@ TEST_F(ToolbarTest, AWalkThroughAPopupEndsWithThePopup) {
         std::none_of(keys.begin(), keys.end(), [](const LogRecord& key) { return key.wParam == VK_RETURN; }));
 }
 
+TEST_F(ToolbarTest, AWalkThroughAPopupEndsWhenItIsHidden) {
+    const auto popup = controlbars::OpenContextMenu(Area(ids::kOwnMenuArea), 10, 10);
+    ASSERT_NE(popup, nullptr);
+    const EndlessWalk walk(popup->GetItem(2));
+    EXPECT_FALSE(walk.EndsWithin(std::chrono::seconds(1)));
+    ShowWindow(GetParent(popup->Window()), SW_HIDE);
+    EXPECT_TRUE(walk.EndsWithin(std::chrono::seconds(30)));
+    SendMessageA(GetParent(popup->Window()), WM_CLOSE, 0, 0);
+}
+
 TEST_F(ToolbarTest, AWalkThroughAPopupEndsWithTheHost) {
     auto host = std::make_unique<SampleHost>();
     const auto popup = ghToolbar(host->Window("Frame.1081")).GetItemByID("Arc", 0)->Expand();

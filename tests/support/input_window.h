@@ -145,7 +145,8 @@ private:
     static LRESULT CALLBACK OnQueue(int code, WPARAM removed, LPARAM lParam) {
         auto& message = *reinterpret_cast<MSG*>(lParam);
         const bool isOurs = message.hwnd != nullptr &&
-                            (message.hwnd == s_current->m_frame || message.hwnd == s_current->m_child);
+                            (message.hwnd == s_current->m_frame || message.hwnd == s_current->m_child ||
+                             message.hwnd == s_current->m_other);
         if (code >= 0 && removed == PM_REMOVE && isOurs) {
             s_current->OnMessage(message);
         }

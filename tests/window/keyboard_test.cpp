@@ -85,6 +85,18 @@ TEST_F(KeyboardTest, MenuCharsSendsUpperCaseKeyDownsAlone) {
     EXPECT_THAT(m_host.Take(), IsEmpty());
 }
 
+TEST_F(KeyboardTest, NothingMoreIsPressedWhenTheWindowGoes) {
+    m_host.DestroyOn(WM_KEYDOWN);
+    m_host.Thread().Run([this] { SetFocus(m_host.Frame()); });
+    input::MenuIndex(m_window, "3.2", 100);
+    ASSERT_FALSE(IsWindow(m_host.Frame()));
+    engine::Synchronise(ghBaseWindow(m_host.Other()));
+    for (const InputMessage& seen : m_host.Take()) {
+        EXPECT_NE(seen.wParam, WPARAM{VK_RETURN});
+        EXPECT_NE(seen.wParam, WPARAM{VK_DOWN});
+    }
+}
+
 TEST_F(KeyboardTest, KeysGoToTheWindowItselfWhereNothingHasTheFocus) {
     m_host.Thread().Run([] { SetFocus(nullptr); });
     input::PressKey(m_window, VK_DOWN, 0);

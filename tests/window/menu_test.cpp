@@ -220,6 +220,107 @@ TEST_F(MenuTest, AContextMenuIsCaughtFoundAgainAndClosed) {
     EXPECT_THAT(Commands(), ElementsAre(kCopy));
 }
 
+TEST_F(MenuTest, AMenuThatIsNotOpenGetsNoKeys) {
+    EXPECT_EQ(ghMenu(m_window, m_view).GetItem(1)->Expand(), nullptr);
+    EXPECT_EQ(KeysInEdit(), 0);
+    EXPECT_FALSE(IsMenuShown());
+    EXPECT_THAT(Commands(), IsEmpty());
+}
+
+TEST_F(MenuTest, AnotherItemIsChosenWhileMenusBeyondItAreOpen) {
+    const auto view = Bar().GetItem(1)->Expand();
+    ASSERT_NE(view->GetItemByID("Zoom", 0)->Expand(), nullptr);
+    view->GetItemByID("Grid", 0)->Click(1, 1, 1);
+    EXPECT_THAT(Commands(), ElementsAre(kGrid));
+
+    ASSERT_NE(Bar().GetItem(0)->Expand(), nullptr);
+    Bar().GetItem(1)->Expand()->GetItemByID("Grid", 0)->Click(1, 1, 1);
+    EXPECT_THAT(Commands(), ElementsAre(kGrid, kGrid)) << "the key that enters the menu bar leaves it, too";
+    EXPECT_EQ(KeysInEdit(), 0);
+}
+
+// Takes longer for a key than the pause between two.
+LRESULT CALLBACK SlowKeys(int code, WPARAM removed, LPARAM lParam) {
+    const auto& message = *reinterpret_cast<const MSG*>(lParam);
+    if (code >= 0 && removed == PM_REMOVE && message.message == WM_KEYDOWN) {
+        Sleep(25);
+    }
+    return CallNextHookEx(nullptr, code, removed, lParam);
+}
+
+TEST_F(MenuTest, ASlowHostIsNotOvershotForEver) {
+    for (int command = 401; command < 409; ++command) {
+        AppendMenuA(m_file, MF_STRING, static_cast<UINT_PTR>(command), "More");
+    }
+    HHOOK hook = nullptr;
+    m_thread.Run([&] { hook = SetWindowsHookExA(WH_GETMESSAGE, SlowKeys, nullptr, GetCurrentThreadId()); });
+    const auto file = Bar().GetItem(0)->Expand();
+    ASSERT_NE(file, nullptr);
+    const auto walk =
+        std::async(std::launch::async, [item = file->GetItemByID("", 404)] { item->Click(1, 1, 1); });
+    EXPECT_EQ(walk.wait_for(std::chrono::seconds(40)), std::future_status::ready);
+    EXPECT_THAT(Commands(), ElementsAre(404));
+    UnhookWindowsHookEx(hook);
+}
+
+// A popup with a bar of the professional kind. With a caption it is a bar that floats.
+class PopupBar {
+public:
+    PopupBar(const support::GuiThread& thread, HWND owner, DWORD style) : m_thread(thread) {
+        m_thread.Run([&] {
+            for (const char* name : {"AfxTest", "BCGPToolBarTest"}) {
+                WNDCLASSA windowClass{};
+                windowClass.lpfnWndProc = DefWindowProcA;
+                windowClass.lpszClassName = name;
+                RegisterClassA(&windowClass);
+            }
+            m_popup = CreateWindowExA(WS_EX_NOACTIVATE, "AfxTest", "", WS_POPUP | WS_VISIBLE | style, 300, 60,
+                                      80, 80, owner, nullptr, nullptr, nullptr);
+            m_bar = CreateWindowExA(0, "BCGPToolBarTest", "", WS_CHILD | WS_VISIBLE, 0, 0, 60, 20, m_popup,
+                                    nullptr, nullptr, nullptr);
+        });
+    }
+    ~PopupBar() {
+        m_thread.Run([this] { DestroyWindow(m_popup); });
+    }
+    PopupBar(const PopupBar&) = delete;
+    PopupBar& operator=(const PopupBar&) = delete;
+
+    HWND Bar() const { return m_bar; }
+
+private:
+    const support::GuiThread& m_thread;
+    HWND m_popup = nullptr;
+    HWND m_bar = nullptr;
+};
+
+TEST_F(MenuTest, ABarThatFloatsIsNoContextMenuAndAPopupThatStaysOpenIsLeft) {
+    const ghBaseWindow window(m_window);
+    {
+        const PopupBar floating(m_thread, m_window, WS_CAPTION);
+        EXPECT_EQ(controlbars::FindCurrentContextMenu(window), nullptr);
+    }
+    const PopupBar popup(m_thread, m_window, 0);
+    ASSERT_NE(controlbars::FindCurrentContextMenu(window), nullptr);
+    ghMenu(m_window).CloseMenu();
+    EXPECT_LE(KeysInEdit(), 5) << "a few Escapes, no more";
+    EXPECT_TRUE(IsWindow(popup.Bar()));
+}
+
+TEST_F(MenuTest, APopupIsFoundThatADialogOnTheWayOwns) {
+    HWND dialog = nullptr;
+    HWND child = nullptr;
+    m_thread.Run([&] {
+        dialog = CreateWindowExA(WS_EX_NOACTIVATE, "Static", "", WS_POPUP | WS_VISIBLE, 200, 200, 50, 50,
+                                 m_window, nullptr, nullptr, nullptr);
+        child = CreateWindowExA(0, "Static", "", WS_CHILD, 0, 0, 1, 1, dialog, nullptr, nullptr, nullptr);
+    });
+    const PopupBar popup(m_thread, dialog, 0);
+    const auto found = controlbars::FindCurrentContextMenu(ghBaseWindow(child));
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->Window(), popup.Bar());
+}
+
 class MenuWalkTest : public MenuTest {
 protected:
     // Starts to choose an item that the keys never reach, and waits until it is at it.

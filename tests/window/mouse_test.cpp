@@ -75,6 +75,26 @@ TEST_F(MouseTest, ClickOfAnUnknownButtonPostsMessageZero) {
                 ElementsAre(Seen(WM_MOUSEMOVE, 0), Seen(0, 0), Marker(), Seen(WM_MOUSEMOVE, 0), Marker()));
 }
 
+// The message behind its release would be the end of the window.
+TEST_F(MouseTest, DoubleClickOfAnUnknownButtonHasNoSecondPress) {
+    input::DoubleClick(m_window, 4, 10, 20, 0);
+    EXPECT_TRUE(IsWindow(m_host.Frame()));
+    EXPECT_THAT(m_host.Take(),
+                ElementsAre(Seen(WM_MOUSEMOVE, 0), Seen(0, 0), Marker(), Seen(WM_MOUSEMOVE, 0), Marker(),
+                            Seen(WM_MOUSEMOVE, 0), Marker(), Seen(WM_MOUSEMOVE, 0), Marker()));
+}
+
+TEST_F(MouseTest, InputWaitsUntilTheWindowIsEnabled) {
+    EnableWindow(m_host.Frame(), FALSE);
+    m_host.Thread().Start([this] {
+        Sleep(2000);
+        EnableWindow(m_host.Frame(), TRUE);
+    });
+    m_window.SetSynchronization(false); // which would wait for the thread, too
+    input::Click(m_window, 1, 10, 20, 0);
+    EXPECT_TRUE(IsWindowEnabled(m_host.Frame()));
+}
+
 TEST_F(MouseTest, ModifiersAreHeldAroundTheMessagesAndNoKeyIsSent) {
     input::Click(m_window, 1, 10, 20, 0x80 | 0x2C | 0x40);
     EXPECT_THAT(TakeButtons(), testing::SizeIs(2)) << "0x80 makes it a real click";
@@ -156,6 +176,16 @@ TEST_F(MouseTest, ModifiersAreReleasedWhenTheWindowGoes) {
     EXPECT_FALSE(IsWindow(m_host.Frame()));
     EXPECT_EQ(m_host.HeldWhenSeen(), 0x0C);
     EXPECT_EQ(m_host.HeldNow(), 0);
+}
+
+TEST_F(MouseTest, WhatIsPressedIsReleasedWhenTheWindowGoes) {
+    m_window.SetRealInput(true);
+    m_host.DestroyOn(WM_LBUTTONDOWN);
+    input::MouseDown(m_window, 1, 10, 20, 0);
+    EXPECT_FALSE(IsWindow(m_host.Frame()));
+    EXPECT_LT(GetAsyncKeyState(VK_LBUTTON), 0);
+    input::MouseUp(m_window, 1, 10, 20, 0);
+    EXPECT_GE(GetAsyncKeyState(VK_LBUTTON), 0);
 }
 
 TEST_F(MouseTest, NothingGoesToAWindowThatIsNotThere) {

@@ -65,6 +65,21 @@ TEST_F(WaitLoop, SaturatesAnEndlessTimeout) {
     }
 }
 
+TEST_F(WaitLoop, EndsWithTheWindowThatItNeeds) {
+    static HWND window;
+    window = CreateWindowExA(0, "Static", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    SetTimer(nullptr, 0, 150, [](HWND, UINT, UINT_PTR timer, DWORD) {
+        KillTimer(nullptr, timer);
+        DestroyWindow(window);
+    });
+    int asked = 0;
+    EXPECT_FALSE(Wait(
+        60, [&] { return ++asked < 0; }, "gone", window));
+    EXPECT_GT(asked, 1);
+    EXPECT_LT(asked, 100);
+    EXPECT_EQ(reported, "gone");
+}
+
 TEST_F(WaitLoop, LetsThePredicateGoAndRefusesAnEmptyOne) {
     const auto guest = std::make_shared<int>(0);
     Wait(
