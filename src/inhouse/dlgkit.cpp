@@ -22,6 +22,8 @@ constexpr ItemMessages kComboBox{CB_GETLBTEXTLEN, CB_GETLBTEXT, CBS_OWNERDRAWFIX
 // The text message does not know the size of its buffer, and the control's own program may replace a text
 // between the two messages: this is the room for what such a text may gain.
 constexpr std::size_t kRoomToGrow = 0x10000; // characters
+// A control that claims more is not believed: room for its text could take all memory.
+constexpr int kLongestText = 0x100000; // characters
 
 // An extended combo box keeps strings whatever its style says: it draws the items of the combo box inside.
 bool IsExtended(HWND control) {
@@ -51,7 +53,7 @@ std::string ItemText(HWND control, int index, const ItemMessages& messages) {
         return {};
     const auto item = static_cast<WPARAM>(index);
     const int length = static_cast<int>(SendMessageW(control, messages.textLength, item, 0));
-    if (length <= 0)
+    if (length <= 0 || length > kLongestText)
         return {};
     const std::size_t capacity = static_cast<std::size_t>(length) + kRoomToGrow;
     const auto buffer = std::make_unique<wchar_t[]>(capacity);

@@ -67,6 +67,38 @@ TEST_P(ItemText, IsEmptyWhereTheControlKeepsNoStrings) {
     EXPECT_EQ(kind.read(strings.Window(), 0, false), "Alpha");
 }
 
+TEST_P(ItemText, OfWhichTheControlClaimsAnAbsurdLengthIsNotRead) {
+    const Kind& kind = GetParam();
+    static bool wasRead;
+    wasRead = false;
+    const Control control(kind);
+    control.Subclass([](HWND, UINT message, WPARAM, LPARAM) -> LRESULT {
+        wasRead = wasRead || message == LB_GETTEXT || message == CB_GETLBTEXT;
+        return message == LB_GETTEXTLEN || message == CB_GETLBTEXTLEN ? 0x7FFF'FFFF : TRUE;
+    });
+    EXPECT_EQ(kind.read(control.Window(), 0, false), "");
+    EXPECT_FALSE(wasRead);
+}
+
+TEST(ItemTextOfAnExtendedCombo, IsReadWhateverItsStyleSays) {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        switch (message) {
+        case CB_GETLBTEXTLEN:
+            return 5;
+        case CB_GETLBTEXT:
+            std::wstring(L"Alpha").copy(reinterpret_cast<wchar_t*>(lParam), 5);
+            return 5;
+        default:
+            return DefWindowProcA(window, message, wParam, lParam);
+        }
+    };
+    windowClass.lpszClassName = "ComboBoxEx32"; // this process has not loaded the control's library
+    RegisterClassA(&windowClass);
+    const Kind extended{"", "ComboBoxEx32", CBS_OWNERDRAWFIXED, 0, 0, 0, 0, 0, nullptr};
+    EXPECT_EQ(dkListHelpers::get_combo_item(Control(extended).Window(), 0, false), "Alpha");
+}
+
 TEST_P(ItemText, MayGrowAfterItsLengthWasAsked) {
     const Kind& kind = GetParam();
     const Control control(kind);
