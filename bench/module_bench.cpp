@@ -7,8 +7,8 @@
 #include "com/built_module.h"
 #include "com/com_pointer.h"
 #include "com/late_bound.h"
-#include "engine/navigation.h"
 #include "engine/wait_loop.h"
+#include "engine/window_finders.h"
 #include "support/sample_host.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "bench.h"
 
-#include "engine/navigation.h"
+#include "engine/window_finders.h"
 #include "support/sample_host.h"
 
 #include <cstring>

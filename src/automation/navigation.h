@@ -22,8 +22,8 @@
 #include "controls/ghTrackBar.h"
 #include "controls/host_control_search.h"
 #include "engine/diagnostics.h"
-#include "engine/navigation.h"
 #include "engine/wait_loop.h"
+#include "engine/window_finders.h"
 
 namespace automation {
 

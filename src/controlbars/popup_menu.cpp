@@ -4,7 +4,7 @@
 
 #include "controlbars/ghMenu.h"
 #include "controlbars/ghToolbar.h"
-#include "engine/navigation.h"
+#include "engine/window_finders.h"
 #include "hostlink/host_classes.h"
 #include "hostlink/window_kind.h"
 

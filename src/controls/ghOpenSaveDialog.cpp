@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "engine/enumerate.h"
-#include "engine/navigation.h"
 #include "engine/wait_loop.h"
+#include "engine/window_finders.h"
 #include "hostlink/host_classes.h"
 #include "hostlink/window_kind.h"
 #include "input/mouse.h"

@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-#include "engine/navigation.h"
+#include "engine/window_finders.h"
 
 namespace controls {
 

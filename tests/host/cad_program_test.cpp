@@ -3,7 +3,7 @@
 #include "controls/ghCADView.h"
 #include "controls/ghGXGrid.h"
 #include "controls/ghGroupCombo.h"
-#include "engine/navigation.h"
+#include "engine/window_finders.h"
 #include "hostlink/module_instance.h"
 #include "input/mouse.h"
 #include "input/mouse_block.h"

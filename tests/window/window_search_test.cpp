@@ -1,6 +1,6 @@
 // The search over windows, and the navigations that rest on it, with windows of another thread.
 #include "engine/diagnostics.h"
-#include "engine/navigation.h"
+#include "engine/window_finders.h"
 #include "engine/window_search.h"
 #include "support/gui_thread.h"
 

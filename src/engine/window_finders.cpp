@@ -1,4 +1,4 @@
-#include "engine/navigation.h"
+#include "engine/window_finders.h"
 
 #include "engine/global_atom.h"
 #include "engine/window_relations.h"
