@@ -1,6 +1,7 @@
 // What a host's file dialog gets, and dialogs that lack a part of it.
 #include "controls/ghOpenSaveDialog.h"
 #include "host/control_page.h"
+#include "support/code_page.h"
 
 #include <stdexcept>
 
@@ -34,6 +35,9 @@ protected:
 };
 
 TEST_F(FileDialogTest, TheNameIsTypedAndTheDefaultButtonClicked) {
+    if (!support::HasCharacterPerByte()) {
+        GTEST_SKIP() << support::kNoCharacterPerByte;
+    }
     const HWND window = controls::FindOpenSaveDialog(Host().Frame());
     ASSERT_EQ(window, Page());
     const HWND field = FindWindowExA(window, nullptr, "Edit", nullptr);

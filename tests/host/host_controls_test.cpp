@@ -227,9 +227,10 @@ TEST_F(HostControls, CadTreeItemsHaveAttributes) {
     EXPECT_EQ(waiting.Color(), -1);
     EXPECT_EQ(syncs(), 0u);
     waiting.SetColor(RGB(196, 160, 92));
-    EXPECT_EQ(syncs(), 1u);
+    const auto afterColor = syncs();
+    EXPECT_GE(afterColor, 1u);
     waiting.SetVisible(true);
-    EXPECT_EQ(syncs(), 2u);
+    EXPECT_GT(syncs(), afterColor);
 
     const ghCADTree plain(host->Window("Large data.1104"));
     const auto plainItem = plain.ItemByPath("Plain item");

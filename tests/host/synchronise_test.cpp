@@ -97,18 +97,20 @@ TEST_F(Synchronise, GoesOnWhileTheThreadIsBusyButNotForEver) {
     SendMessageA(frame.Window(), WM_NULL, 0, 0);
 }
 
-// A timer or event of the script calls a member, which synchronises too, while the outer one waits.
+// A timer or event of the script closes a dialog while the outer one waits.
 TEST_F(Synchronise, GoesOnAfterOneThatCameInBetween) {
     static HWND other;
     static bool cameIn;
-    other = host->WaitForWindow("Find");
+    host->Command(ids::kPagePalette);
+    other = host->WaitForWindow("Palette");
+    ASSERT_NE(other, nullptr);
     cameIn = false;
     ghBaseWindow frame(host->Frame());
     PostMessageA(frame.Window(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
                  static_cast<WPARAM>(Misbehaviour::Busy), 500);
     SetTimer(nullptr, 0, 150, [](HWND, UINT, UINT_PTR timer, DWORD) {
         KillTimer(nullptr, timer);
-        engine::Synchronise(ghBaseWindow(other));
+        ghBaseWindow(other).Close(); // takes its marker with it
         cameIn = true;
     });
     host->ClearLog();

@@ -1,5 +1,6 @@
 #include "inhouse/dlgkit.h"
 #include "inhouse/hostlink.h"
+#include "support/code_page.h"
 
 #include <gtest/gtest.h>
 
@@ -44,6 +45,9 @@ INSTANTIATE_TEST_SUITE_P(Dlgkit, ItemText, testing::Values(kListBox, kComboBox),
                          [](const auto& testCase) { return testCase.param.name; });
 
 TEST_P(ItemText, IsReadWholeByIndex) {
+    if (!support::HasCharacterPerByte()) {
+        GTEST_SKIP() << support::kNoCharacterPerByte;
+    }
     const Kind& kind = GetParam();
     const Control control(kind);
     const std::string texts[] = {"Alpha", "", "\xC4\xD6\xFC", std::string(5000, 'x')};
