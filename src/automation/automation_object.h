@@ -57,13 +57,15 @@ public:
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** information) override {
         return DispatchTypeInfo(__uuidof(Interface), index, information);
     }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-        return DispatchIdsOfNames(__uuidof(Interface), names, count, ids);
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
+                                            DISPID* ids) override {
+        return DispatchIdsOfNames(__uuidof(Interface), reserved, names, count, ids);
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
-        return DispatchInvoke(__uuidof(Interface), static_cast<Interface*>(this), id, flags, parameters,
-                              result, exception, badArgument);
+        const KeptAlive kept(*this); // the system asks a failing object for ISupportErrorInfo afterwards
+        return DispatchInvoke(__uuidof(Interface), static_cast<Interface*>(this), id, reserved, flags,
+                              parameters, result, exception, badArgument);
     }
 
 protected:
