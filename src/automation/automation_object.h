@@ -14,7 +14,7 @@
 
 namespace automation {
 
-// For an automation object that stands for nothing in the host.
+// For an automation object that stands for nothing in the host. None is ever made.
 struct NoEngine {};
 
 // Object is the final class, Interface its dual interface, Engine the kind of its engine object, Bases the
@@ -23,7 +23,7 @@ struct NoEngine {};
 // The object starts with a reference count of 0 and destroys itself with the last reference. An object of
 // its own delegates to itself, an aggregated one to its outer object. It holds one lock on the module.
 template <class Object, class Interface, class Engine, class... Bases>
-class AutomationObject : public Interface {
+class AutomationObject : public Interface, public ISupportErrorInfo {
 public:
     using EngineObject = Engine;
 
@@ -68,6 +68,11 @@ public:
                               parameters, result, exception, badArgument);
     }
 
+    // Each member leaves a text, or none, whenever it fails. Invoke's callers have it in their EXCEPINFO.
+    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override {
+        return Implements(iid) ? S_OK : S_FALSE;
+    }
+
 protected:
     // Runs a member's body with the engine object: E_UNEXPECTED if there is none, as in an object that a
     // client created itself. The body may wait and so let calls re-enter: the object is kept alive for it.
@@ -87,7 +92,14 @@ protected:
         });
     }
 
-    // The same for a member with a result, which is cleared first. It is written unchecked: only the
+    // The same for a member that needs no engine object.
+    template <class Body>
+    HRESULT RunWithoutEngine(Body body) noexcept {
+        const KeptAlive kept(*this);
+        return Guarded(body);
+    }
+
+    // Run for a member with a result, which is cleared first. It is written unchecked: only the
     // members that say so test their out pointer.
     template <class Result, class Body>
     HRESULT Get(Result* result, Body body) noexcept {
@@ -152,17 +164,16 @@ private:
         if (iid == IID_IUnknown) {
             return static_cast<IUnknown*>(&m_inner);
         }
-        if (iid == IID_IDispatch || iid == __uuidof(Interface) || (... || (iid == __uuidof(Bases)))) {
-            return static_cast<Interface*>(this);
+        if (iid == IID_ISupportErrorInfo) {
+            return static_cast<ISupportErrorInfo*>(this);
         }
-        return static_cast<Object*>(this)->FindMore(iid);
+        return iid == IID_IDispatch || Implements(iid) ? static_cast<Interface*>(this) : nullptr;
     }
 
-public:
-    // For an object with interfaces outside of the chain.
-    void* FindMore(REFIID) noexcept { return nullptr; }
+    static bool Implements(REFIID iid) noexcept {
+        return iid == __uuidof(Interface) || (... || (iid == __uuidof(Bases)));
+    }
 
-private:
     ModuleLock m_moduleLock;
     InnerUnknown m_inner{*this};
     IUnknown* m_outer;

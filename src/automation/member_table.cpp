@@ -84,10 +84,11 @@ HRESULT MemberTable::Check(DISPID id, WORD flags, const DISPPARAMS* arguments,
     const UINT byPosition = arguments->cArgs - arguments->cNamedArgs;
     for (auto name = names.begin(); name != names.end(); ++name) {
         // The new value of a property is its last parameter.
-        const bool isValue = *name == DISPID_PROPERTYPUT && member->kind != INVOKE_FUNC &&
-                             member->kind != INVOKE_PROPERTYGET;
+        const bool isValue =
+            *name == DISPID_PROPERTYPUT && member->kind != INVOKE_FUNC && member->kind != INVOKE_PROPERTYGET;
         const UINT place = isValue ? member->parameters - 1 : static_cast<UINT>(*name);
-        if (place >= member->parameters || place < byPosition || std::find(names.begin(), name, *name) != name) {
+        if (place >= member->parameters || place < byPosition ||
+            std::find(names.begin(), name, *name) != name) {
             if (badArgument != nullptr) {
                 *badArgument = static_cast<UINT>(name - names.begin());
             }
