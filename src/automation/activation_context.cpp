@@ -17,7 +17,11 @@ ActivationScope::ActivationScope() noexcept : m_active(ActivateActCtx(captured, 
 
 ActivationScope::~ActivationScope() {
     if (m_active) {
-        DeactivateActCtx(0, m_cookie);
+        // Whatever ran inside of this scope and left a context of its own active has returned: that one goes
+        // too. Forced, the call is documented to fail for the context on top, and for no other.
+        if (!DeactivateActCtx(DEACTIVATE_ACTCTX_FLAG_FORCE_EARLY_DEACTIVATION, m_cookie)) {
+            DeactivateActCtx(0, m_cookie);
+        }
     }
 }
 

@@ -14,7 +14,7 @@
 
 namespace automation {
 
-// For an automation object that stands for nothing in the host.
+// For an automation object that stands for nothing in the host. None is ever made.
 struct NoEngine {};
 
 // Object is the final class, Interface its dual interface, Engine the kind of its engine object, Bases the
@@ -23,7 +23,7 @@ struct NoEngine {};
 // The object starts with a reference count of 0 and destroys itself with the last reference. An object of
 // its own delegates to itself, an aggregated one to its outer object. It holds one lock on the module.
 template <class Object, class Interface, class Engine, class... Bases>
-class AutomationObject : public Interface {
+class AutomationObject : public Interface, public ISupportErrorInfo {
 public:
     using EngineObject = Engine;
 
@@ -57,13 +57,20 @@ public:
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** information) override {
         return DispatchTypeInfo(__uuidof(Interface), index, information);
     }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-        return DispatchIdsOfNames(__uuidof(Interface), names, count, ids);
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
+                                            DISPID* ids) override {
+        return DispatchIdsOfNames(__uuidof(Interface), reserved, names, count, ids);
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
-        return DispatchInvoke(__uuidof(Interface), static_cast<Interface*>(this), id, flags, parameters,
-                              result, exception, badArgument);
+        const KeptAlive kept(*this); // the system asks a failing object for ISupportErrorInfo afterwards
+        return DispatchInvoke(__uuidof(Interface), static_cast<Interface*>(this), id, reserved, flags,
+                              parameters, result, exception, badArgument);
+    }
+
+    // Each member leaves a text, or none, whenever it fails. Invoke's callers have it in their EXCEPINFO.
+    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override {
+        return Implements(iid) ? S_OK : S_FALSE;
     }
 
 protected:
@@ -85,7 +92,14 @@ protected:
         });
     }
 
-    // The same for a member with a result, which is cleared first. It is written unchecked: only the
+    // The same for a member that needs no engine object.
+    template <class Body>
+    HRESULT RunWithoutEngine(Body body) noexcept {
+        const KeptAlive kept(*this);
+        return Guarded(body);
+    }
+
+    // Run for a member with a result, which is cleared first. It is written unchecked: only the
     // members that say so test their out pointer.
     template <class Result, class Body>
     HRESULT Get(Result* result, Body body) noexcept {
@@ -150,17 +164,16 @@ private:
         if (iid == IID_IUnknown) {
             return static_cast<IUnknown*>(&m_inner);
         }
-        if (iid == IID_IDispatch || iid == __uuidof(Interface) || (... || (iid == __uuidof(Bases)))) {
-            return static_cast<Interface*>(this);
+        if (iid == IID_ISupportErrorInfo) {
+            return static_cast<ISupportErrorInfo*>(this);
         }
-        return static_cast<Object*>(this)->FindMore(iid);
+        return iid == IID_IDispatch || Implements(iid) ? static_cast<Interface*>(this) : nullptr;
     }
 
-public:
-    // For an object with interfaces outside of the chain.
-    void* FindMore(REFIID) noexcept { return nullptr; }
+    static bool Implements(REFIID iid) noexcept {
+        return iid == __uuidof(Interface) || (... || (iid == __uuidof(Bases)));
+    }
 
-private:
     ModuleLock m_moduleLock;
     InnerUnknown m_inner{*this};
     IUnknown* m_outer;

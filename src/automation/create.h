@@ -2,20 +2,17 @@
 #pragma once
 
 #include <new>
+#include <type_traits>
 
 #include "automation/automation_object.h"
 
 namespace automation {
 
-// Makes one object of a class for a class factory. With an outer object the only interface that can be
-// asked for is IUnknown (CLASS_E_NOAGGREGATION otherwise). E_POINTER for a null out pointer,
-// E_OUTOFMEMORY, E_NOINTERFACE.
-using CreateFunction = HRESULT (*)(IUnknown* outer, REFIID iid, void** object) noexcept;
-
 // A new object with a reference count of 0, which holds a lock on the module: the caller's request for an
 // interface gives the first reference.
 template <class Object>
 HRESULT CreateObject(IUnknown* outer, Object** object) noexcept {
+    static_assert(std::is_nothrow_constructible_v<Object, IUnknown*>);
     if (object == nullptr) {
         return E_POINTER;
     }
@@ -32,6 +29,7 @@ HRESULT RequestInterface(Object& created, REFIID iid, void** object) noexcept {
     return result;
 }
 
+// What a class's CreateFunction does.
 template <class Object>
 HRESULT CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept {
     if (object == nullptr) {
@@ -49,7 +47,7 @@ HRESULT CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept {
 // The wrap step: hands an engine object to a new automation object and that one to the caller. An engine
 // object that is missing or not valid was not found: S_FALSE and a null object, no error.
 template <class Object, class Interface>
-HRESULT WrapInto(std::unique_ptr<typename Object::EngineObject> engine, Interface** object) noexcept {
+HRESULT WrapInto(std::unique_ptr<typename Object::EngineObject> engine, Interface** object) {
     *object = nullptr;
     if (engine == nullptr || !engine->IsValid()) {
         return S_FALSE;

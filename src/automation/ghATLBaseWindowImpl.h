@@ -229,7 +229,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE GroupCombo(LONG id, LONG flags, LONG timeout, IGroupCombo** result) override {
         if (result == nullptr) {
-            return E_POINTER;
+            return automation::FailWithoutText(E_POINTER);
         }
         return this->Navigate(result, timeout, [&] {
             return automation::navigation::Control<ghGroupCombo>(automation::navigation::kGroupCombo,
@@ -304,7 +304,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE ComboBoxByID(BSTR sid, LONG timeout, IComboBox** result) override {
         if (result == nullptr) {
-            return E_POINTER;
+            return automation::FailWithoutText(E_POINTER);
         }
         return this->Navigate(result, timeout, [&] {
             return automation::navigation::WindowByName<ghComboBox>(automation::ToAnsi(sid));
@@ -312,7 +312,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE GroupComboByID(BSTR sid, LONG timeout, IGroupCombo** result) override {
         if (result == nullptr) {
-            return E_POINTER;
+            return automation::FailWithoutText(E_POINTER);
         }
         return this->Navigate(result, timeout, [&] {
             return automation::navigation::WindowByName<ghGroupCombo>(automation::ToAnsi(sid));
@@ -321,7 +321,7 @@ public:
     HRESULT STDMETHODCALLTYPE RibCustomisationWidgetByID(BSTR sid, LONG timeout,
                                                          IRibCustomisationWidget** result) override {
         if (result == nullptr) {
-            return E_POINTER;
+            return automation::FailWithoutText(E_POINTER);
         }
         return this->Navigate(result, timeout, [&] {
             return automation::navigation::WindowByName<ghRibCustomiser>(automation::ToAnsi(sid));
@@ -331,16 +331,22 @@ public:
         return this->Run([&](auto& window) { window.Position(x, y); });
     }
     HRESULT STDMETHODCALLTYPE get_Left(LONG* result) override {
-        return result == nullptr ? E_POINTER
-                                 : this->Get(result, [](const auto& window) { return window.Left(); });
+        if (result == nullptr) {
+            return automation::FailWithoutText(E_POINTER);
+        }
+        return this->Get(result, [](const auto& window) { return window.Left(); });
     }
     HRESULT STDMETHODCALLTYPE get_Top(LONG* result) override {
-        return result == nullptr ? E_POINTER
-                                 : this->Get(result, [](const auto& window) { return window.Top(); });
+        if (result == nullptr) {
+            return automation::FailWithoutText(E_POINTER);
+        }
+        return this->Get(result, [](const auto& window) { return window.Top(); });
     }
     HRESULT STDMETHODCALLTYPE get_ControlID(int* result) override {
-        return result == nullptr ? E_POINTER
-                                 : this->Get(result, [](const auto& window) { return window.ControlID(); });
+        if (result == nullptr) {
+            return automation::FailWithoutText(E_POINTER);
+        }
+        return this->Get(result, [](const auto& window) { return window.ControlID(); });
     }
     HRESULT STDMETHODCALLTYPE PositionWithMovingMessage(LONG x, LONG y) override {
         return this->Run([&](auto& window) { window.PositionWithMovingMessage(x, y); });

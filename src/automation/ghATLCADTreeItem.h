@@ -33,7 +33,10 @@ public:
         return Run([&](const auto& item) { item.SetColor(value); });
     }
     HRESULT STDMETHODCALLTYPE get_Starred(VARIANT_BOOL* result) override {
-        return result == nullptr ? E_POINTER : Get(result, [](const auto& item) { return item.Starred(); });
+        if (result == nullptr) {
+            return automation::FailWithoutText(E_POINTER);
+        }
+        return Get(result, [](const auto& item) { return item.Starred(); });
     }
     HRESULT STDMETHODCALLTYPE put_Starred(VARIANT_BOOL value) override {
         return Run([&](const auto& item) { item.SetStarred(automation::ToBool(value)); });

@@ -1,11 +1,16 @@
 #include "automation/ghATLCheckBox.h"
 
+#include "automation/classes.h"
 #include "automation/create.h"
 #include "automation/wrap.h"
 
 namespace automation {
 
-HRESULT Wrap(std::unique_ptr<ghCheckBox> engine, ICheckBox** object) noexcept {
+HRESULT CreateCheckBox(IUnknown* outer, REFIID iid, void** object) noexcept {
+    return CreateInstance<ghATLCheckBox>(outer, iid, object);
+}
+
+HRESULT Wrap(std::unique_ptr<ghCheckBox> engine, ICheckBox** object) {
     return WrapInto<ghATLCheckBox>(std::move(engine), object);
 }
 

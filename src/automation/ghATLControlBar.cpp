@@ -1,5 +1,6 @@
 #include "automation/ghATLControlBar.h"
 
+#include "automation/classes.h"
 #include "automation/create.h"
 #include "automation/wrap.h"
 
@@ -36,7 +37,11 @@ HRESULT ghATLControlBar::GetItemByID(BSTR caption, int id, LONG, LONG timeout, I
 
 namespace automation {
 
-HRESULT Wrap(std::unique_ptr<ghControlBar> engine, IControlBar** object) noexcept {
+HRESULT CreateControlBar(IUnknown* outer, REFIID iid, void** object) noexcept {
+    return CreateInstance<ghATLControlBar>(outer, iid, object);
+}
+
+HRESULT Wrap(std::unique_ptr<ghControlBar> engine, IControlBar** object) {
     return WrapInto<ghATLControlBar>(std::move(engine), object);
 }
 

@@ -1,5 +1,6 @@
 #include "automation/ghATLControlBarItem.h"
 
+#include "automation/classes.h"
 #include "automation/create.h"
 #include "automation/wrap.h"
 #include "controlbars/ghControlBar.h"
@@ -51,7 +52,11 @@ HRESULT ghATLControlBarItem::Expand(IControlBar** result) {
 
 namespace automation {
 
-HRESULT Wrap(std::unique_ptr<ghControlBarItem> engine, IControlBarItem** object) noexcept {
+HRESULT CreateControlBarItem(IUnknown* outer, REFIID iid, void** object) noexcept {
+    return CreateInstance<ghATLControlBarItem>(outer, iid, object);
+}
+
+HRESULT Wrap(std::unique_ptr<ghControlBarItem> engine, IControlBarItem** object) {
     return WrapInto<ghATLControlBarItem>(std::move(engine), object);
 }
 

@@ -1,5 +1,7 @@
 #include "automation/ghATLGhosthand.h"
 
+#include "automation/classes.h"
+#include "automation/create.h"
 #include "automation/wrap.h"
 #include "engine/diagnostics.h"
 #include "engine/ghBaseWindow.h"
@@ -27,14 +29,10 @@ std::unique_ptr<ghBaseWindow> FindHost(const std::string& application, const std
 
 } // namespace
 
-ghATLGhosthand::ghATLGhosthand(IUnknown* outer) : AutomationObject(outer) {
-    Adopt(std::make_unique<automation::NoEngine>());
-}
-
 HRESULT ghATLGhosthand::MainWindow(BSTR application, BSTR caption, BSTR className, LONG flags, LONG timeout,
                                    IBaseWindow** result) {
     *result = nullptr;
-    return Run([&](automation::NoEngine) {
+    return RunWithoutEngine([&] {
         const std::string names[] = {automation::ToAnsi(application), automation::ToAnsi(caption),
                                      automation::ToAnsi(className)};
         return automation::Wrap(
@@ -47,13 +45,22 @@ HRESULT ghATLGhosthand::MainWindow(BSTR application, BSTR caption, BSTR classNam
 }
 
 HRESULT ghATLGhosthand::UnblockMouse() {
-    return Run([](automation::NoEngine) { input::UnblockMouse(); });
+    return RunWithoutEngine([] { input::UnblockMouse(); });
 }
 
 HRESULT ghATLGhosthand::get_AllowMouseBlocks(VARIANT_BOOL* result) {
-    return Get(result, [](automation::NoEngine) { return input::AllowMouseBlocks(); });
+    *result = VARIANT_FALSE;
+    return RunWithoutEngine([&] { automation::Assign(result, input::AllowMouseBlocks()); });
 }
 
 HRESULT ghATLGhosthand::put_AllowMouseBlocks(VARIANT_BOOL value) {
-    return Run([&](automation::NoEngine) { input::SetAllowMouseBlocks(automation::ToBool(value)); });
+    return RunWithoutEngine([&] { input::SetAllowMouseBlocks(automation::ToBool(value)); });
 }
+
+namespace automation {
+
+HRESULT CreateGhosthand(IUnknown* outer, REFIID iid, void** object) noexcept {
+    return CreateInstance<ghATLGhosthand>(outer, iid, object);
+}
+
+} // namespace automation

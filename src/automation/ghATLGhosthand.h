@@ -7,7 +7,7 @@
 class ghATLGhosthand final
     : public automation::AutomationObject<ghATLGhosthand, IGhosthand, automation::NoEngine> {
 public:
-    explicit ghATLGhosthand(IUnknown* outer);
+    using AutomationObject::AutomationObject;
 
     HRESULT STDMETHODCALLTYPE MainWindow(BSTR application, BSTR caption, BSTR className, LONG flags,
                                          LONG timeout, IBaseWindow** result) override;

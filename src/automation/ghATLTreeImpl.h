@@ -17,7 +17,8 @@ public:
     }
     HRESULT STDMETHODCALLTYPE SelectItemByPath(BSTR path, VARIANT_BOOL* result) override {
         if (result == nullptr) {
-            return E_FAIL; // alone among the three in testing it, and not with E_POINTER, on purpose
+            // Alone among the three in testing it, and not with E_POINTER, on purpose.
+            return automation::FailWithoutText(E_FAIL);
         }
         return this->Get(result, [&](auto& tree) { return tree.SelectItemByPath(automation::ToAnsi(path)); });
     }

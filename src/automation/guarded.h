@@ -13,6 +13,12 @@ namespace automation {
 void SetErrorText(const char* text) noexcept;
 void ClearErrorText() noexcept;
 
+// For a member that fails by itself: a caller must not read an earlier member's text.
+inline HRESULT FailWithoutText(HRESULT result) noexcept {
+    ClearErrorText();
+    return result;
+}
+
 // Runs the body of a member. No exception leaves it: out of memory becomes E_OUTOFMEMORY, anything else
 // E_FAIL with its text. A body without a result succeeds with S_OK.
 template <class Body>
@@ -24,19 +30,14 @@ HRESULT Guarded(Body body) noexcept {
         } else {
             result = body();
         }
-        if (FAILED(result)) {
-            ClearErrorText(); // a caller must not read an earlier member's text
-        }
-        return result;
+        return FAILED(result) ? FailWithoutText(result) : result;
     } catch (const std::bad_alloc&) {
-        ClearErrorText();
-        return E_OUTOFMEMORY;
+        return FailWithoutText(E_OUTOFMEMORY);
     } catch (const std::exception& error) {
         SetErrorText(error.what());
         return E_FAIL;
     } catch (...) {
-        ClearErrorText();
-        return E_FAIL;
+        return FailWithoutText(E_FAIL);
     }
 }
 

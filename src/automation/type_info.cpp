@@ -1,5 +1,6 @@
 #include "automation/type_info.h"
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -7,6 +8,7 @@
 
 #include "automation/activation_context.h"
 #include "automation/guarded.h"
+#include "automation/member_table.h"
 #include "hostlink/module_instance.h"
 
 namespace automation {
@@ -39,20 +41,24 @@ HRESULT LoadLibraryOfTypes(ITypeLib** library) {
     return LoadTypeLibEx(path.c_str(), REGKIND_NONE, library);
 }
 
-class TypeInformationCache {
+struct Description {
+    Owned<ITypeInfo> information;
+    MemberTable members;
+};
+
+class DescriptionCache {
 public:
-    HRESULT Find(REFIID interfaceId, ITypeInfo** information) {
+    HRESULT Find(REFIID interfaceId, std::shared_ptr<const Description>& description) {
         const std::lock_guard lock(m_mutex);
-        Owned<ITypeInfo>& known = m_known[interfaceId];
+        std::shared_ptr<const Description>& known = m_known[interfaceId];
         if (known == nullptr) {
-            ITypeInfo* loaded = nullptr;
-            if (const HRESULT result = Load(interfaceId, &loaded); FAILED(result)) {
+            auto loaded = std::make_shared<Description>();
+            if (const HRESULT result = Load(interfaceId, *loaded); FAILED(result)) {
                 return result;
             }
-            known.reset(loaded);
+            known = std::move(loaded);
         }
-        known->AddRef();
-        *information = known.get();
+        description = known;
         return S_OK;
     }
 
@@ -63,7 +69,7 @@ public:
     }
 
 private:
-    HRESULT Load(REFIID interfaceId, ITypeInfo** information) {
+    HRESULT Load(REFIID interfaceId, Description& description) {
         if (m_library == nullptr) {
             ITypeLib* library = nullptr;
             if (const HRESULT result = LoadLibraryOfTypes(&library); FAILED(result)) {
@@ -71,26 +77,37 @@ private:
             }
             m_library.reset(library);
         }
-        return m_library->GetTypeInfoOfGuid(interfaceId, information);
+        ITypeInfo* information = nullptr;
+        if (const HRESULT result = m_library->GetTypeInfoOfGuid(interfaceId, &information); FAILED(result)) {
+            return result;
+        }
+        description.information.reset(information);
+        return description.members.Read(*information);
     }
 
     std::mutex m_mutex;
     Owned<ITypeLib> m_library;
-    std::map<GUID, Owned<ITypeInfo>, GuidOrder> m_known;
+    std::map<GUID, std::shared_ptr<const Description>, GuidOrder> m_known;
 };
 
-// Never destroyed: at the end of a process the type information's own module may be gone already.
-TypeInformationCache& Cache() {
-    static TypeInformationCache& cache = *std::make_unique<TypeInformationCache>().release();
-    return cache;
+// Its destructor never runs: at the end of a process the descriptions' own module may be gone already.
+union ImmortalCache {
+    ImmortalCache() : cache() {}
+    ~ImmortalCache() {}
+    DescriptionCache cache;
+};
+
+DescriptionCache& Cache() {
+    static ImmortalCache immortal;
+    return immortal.cache;
+}
+
+// The caller's share keeps the description while a call lets others in, which may empty the cache.
+HRESULT Describe(REFIID interfaceId, std::shared_ptr<const Description>& description) noexcept {
+    return Guarded([&] { return Cache().Find(interfaceId, description); });
 }
 
 } // namespace
-
-HRESULT TypeInformation(REFIID interfaceId, ITypeInfo** information) noexcept {
-    *information = nullptr;
-    return Guarded([&] { return Cache().Find(interfaceId, information); });
-}
 
 void ReleaseTypeInformation() noexcept {
     Guarded([] { Cache().Clear(); });
@@ -102,29 +119,52 @@ HRESULT DispatchTypeInfo(REFIID interfaceId, UINT index, ITypeInfo** information
         return E_POINTER;
     }
     *information = nullptr;
-    return index == 0 ? TypeInformation(interfaceId, information) : DISP_E_BADINDEX;
-}
-
-HRESULT DispatchIdsOfNames(REFIID interfaceId, LPOLESTR* names, UINT count, DISPID* ids) noexcept {
-    const ActivationScope scope;
-    ITypeInfo* found = nullptr;
-    if (const HRESULT result = TypeInformation(interfaceId, &found); FAILED(result)) {
+    if (index != 0) {
+        return DISP_E_BADINDEX;
+    }
+    std::shared_ptr<const Description> description;
+    if (const HRESULT result = Describe(interfaceId, description); FAILED(result)) {
         return result;
     }
-    const Owned<ITypeInfo> information(found);
-    return information->GetIDsOfNames(names, count, ids);
+    description->information->AddRef();
+    *information = description->information.get();
+    return S_OK;
 }
 
-HRESULT DispatchInvoke(REFIID interfaceId, void* object, DISPID id, WORD flags, DISPPARAMS* parameters,
-                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept {
+HRESULT DispatchIdsOfNames(REFIID interfaceId, REFIID reserved, LPOLESTR* names, UINT count,
+                           DISPID* ids) noexcept {
     const ActivationScope scope;
-    ITypeInfo* found = nullptr;
-    if (const HRESULT loaded = TypeInformation(interfaceId, &found); FAILED(loaded)) {
+    if (reserved != IID_NULL) {
+        return DISP_E_UNKNOWNINTERFACE;
+    }
+    if (names == nullptr || ids == nullptr || count == 0 ||
+        std::find(names, names + count, nullptr) != names + count) {
+        return E_INVALIDARG;
+    }
+    std::shared_ptr<const Description> description;
+    if (const HRESULT result = Describe(interfaceId, description); FAILED(result)) {
+        return result;
+    }
+    return description->information->GetIDsOfNames(names, count, ids);
+}
+
+HRESULT DispatchInvoke(REFIID interfaceId, void* object, DISPID id, REFIID reserved, WORD flags,
+                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                       UINT* badArgument) noexcept {
+    const ActivationScope scope;
+    if (reserved != IID_NULL) {
+        return DISP_E_UNKNOWNINTERFACE;
+    }
+    std::shared_ptr<const Description> description;
+    if (const HRESULT loaded = Describe(interfaceId, description); FAILED(loaded)) {
         return loaded;
     }
-    const Owned<ITypeInfo> information(found);
+    if (const HRESULT refused = description->members.Check(id, flags, parameters, badArgument);
+        FAILED(refused)) {
+        return refused;
+    }
     const HRESULT invoked =
-        information->Invoke(object, id, flags, parameters, result, exception, badArgument);
+        description->information->Invoke(object, id, flags, parameters, result, exception, badArgument);
     // Scripts know a Long, not the type of the members that return an "int".
     if (SUCCEEDED(invoked) && result != nullptr && V_VT(result) == VT_INT) {
         V_VT(result) = VT_I4;

@@ -5,18 +5,21 @@
 
 namespace automation {
 
-// The type information of a dual interface, with a reference for the caller, from a cache of the module.
-// It is loaded from the registered library, or from the module itself where the library is not registered.
-HRESULT TypeInformation(REFIID interfaceId, ITypeInfo** information) noexcept;
-
-// Empties the cache; it fills again by itself.
+// Empties the cache of descriptions; it fills again by itself.
 void ReleaseTypeInformation() noexcept;
 
-// The four standard members for an interface and an object that implements it. Each runs in the activation
-// context that the module was loaded in.
+// The standard members for an interface and an object that implements it. Each runs in the activation
+// context that the module was loaded in. The description is loaded from the registered library, or from
+// the module itself where the library is not registered, and kept. `reserved` must be IID_NULL:
+// DISP_E_UNKNOWNINTERFACE.
 HRESULT DispatchTypeInfo(REFIID interfaceId, UINT index, ITypeInfo** information) noexcept;
-HRESULT DispatchIdsOfNames(REFIID interfaceId, LPOLESTR* names, UINT count, DISPID* ids) noexcept;
-HRESULT DispatchInvoke(REFIID interfaceId, void* object, DISPID id, WORD flags, DISPPARAMS* parameters,
-                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept;
+// E_INVALIDARG where a name or an array is missing, or where no name is asked for.
+HRESULT DispatchIdsOfNames(REFIID interfaceId, REFIID reserved, LPOLESTR* names, UINT count,
+                           DISPID* ids) noexcept;
+// The object must outlive the call. Arguments that do not belong to the member are refused before it runs
+// (MemberTable::Check).
+HRESULT DispatchInvoke(REFIID interfaceId, void* object, DISPID id, REFIID reserved, WORD flags,
+                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                       UINT* badArgument) noexcept;
 
 } // namespace automation

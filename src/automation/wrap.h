@@ -7,6 +7,7 @@
 
 class ghBaseWindow;
 class ghCADTree;
+class ghCADTreeItem;
 class ghCADView;
 class ghCheckBox;
 class ghComboBox;
@@ -28,25 +29,26 @@ namespace automation {
 
 // Each takes over the engine object. One that is null or not valid gives S_FALSE and a null object, no
 // error. Defined with the automation class that wraps it.
-HRESULT Wrap(std::unique_ptr<ghBaseWindow> engine, IBaseWindow** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghCADTree> engine, ITreeControl** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghCADView> engine, ICADView** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghCheckBox> engine, ICheckBox** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghComboBox> engine, IComboBox** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghControlBar> engine, IControlBar** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghControlBarItem> engine, IControlBarItem** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghGroupCombo> engine, IGroupCombo** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghGXGrid> engine, IGXGrid** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghListBox> engine, IListBox** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghListView> engine, IListView** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghOpenSaveDialog> engine, IOpenSaveDialog** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghOptionTree> engine, IOptionTree** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghRibCustomiser> engine, IRibCustomisationWidget** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghTabControl> engine, ITabControl** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghTrackBar> engine, ITrackBar** object) noexcept;
-HRESULT Wrap(std::unique_ptr<ghTreeControl> engine, ITreeControl** object) noexcept;
+HRESULT Wrap(std::unique_ptr<ghBaseWindow> engine, IBaseWindow** object);
+HRESULT Wrap(std::unique_ptr<ghCADTree> engine, ITreeControl** object);
+HRESULT Wrap(std::unique_ptr<ghCADTreeItem> engine, ITreeItem** object);
+HRESULT Wrap(std::unique_ptr<ghCADView> engine, ICADView** object);
+HRESULT Wrap(std::unique_ptr<ghCheckBox> engine, ICheckBox** object);
+HRESULT Wrap(std::unique_ptr<ghComboBox> engine, IComboBox** object);
+HRESULT Wrap(std::unique_ptr<ghControlBar> engine, IControlBar** object);
+HRESULT Wrap(std::unique_ptr<ghControlBarItem> engine, IControlBarItem** object);
+HRESULT Wrap(std::unique_ptr<ghGroupCombo> engine, IGroupCombo** object);
+HRESULT Wrap(std::unique_ptr<ghGXGrid> engine, IGXGrid** object);
+HRESULT Wrap(std::unique_ptr<ghListBox> engine, IListBox** object);
+HRESULT Wrap(std::unique_ptr<ghListView> engine, IListView** object);
+HRESULT Wrap(std::unique_ptr<ghOpenSaveDialog> engine, IOpenSaveDialog** object);
+HRESULT Wrap(std::unique_ptr<ghOptionTree> engine, IOptionTree** object);
+HRESULT Wrap(std::unique_ptr<ghRibCustomiser> engine, IRibCustomisationWidget** object);
+HRESULT Wrap(std::unique_ptr<ghTabControl> engine, ITabControl** object);
+HRESULT Wrap(std::unique_ptr<ghTrackBar> engine, ITrackBar** object);
+HRESULT Wrap(std::unique_ptr<ghTreeControl> engine, ITreeControl** object);
 // An item of a CAD tree becomes a CAD tree item, which answers for ITreeItem too.
-HRESULT Wrap(std::unique_ptr<ghTreeItem> engine, ITreeItem** object) noexcept;
+HRESULT Wrap(std::unique_ptr<ghTreeItem> engine, ITreeItem** object);
 // Takes a copy. An option tree that stands for no item gives S_FALSE and a null object.
 HRESULT Wrap(const ghOptionTree& item, IOptionTreeItem** object);
 

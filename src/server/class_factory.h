@@ -7,7 +7,7 @@
 
 #include <atomic>
 
-#include "automation/create.h"
+#include "automation/classes.h"
 
 namespace server {
 
@@ -16,7 +16,7 @@ namespace server {
 // nobody refers to does not.
 class ClassFactory final : public IClassFactory {
 public:
-    explicit ClassFactory(automation::CreateFunction create) noexcept : m_create(create) {}
+    explicit ClassFactory(automation::CreateFunction* create) noexcept : m_create(create) {}
     ClassFactory(const ClassFactory&) = delete;
     ClassFactory& operator=(const ClassFactory&) = delete;
 
@@ -27,7 +27,7 @@ public:
     STDMETHODIMP LockServer(BOOL lock) noexcept override;
 
 private:
-    automation::CreateFunction m_create;
+    automation::CreateFunction* m_create;
     std::atomic<ULONG> m_references = 0;
 };
 

@@ -1,56 +1,34 @@
 #include "server/object_map.h"
 
-#include "automation/ghATLBaseWindow.h"
-#include "automation/ghATLCADTree.h"
-#include "automation/ghATLCADTreeItem.h"
-#include "automation/ghATLCADView.h"
-#include "automation/ghATLCheckBox.h"
-#include "automation/ghATLComboBox.h"
-#include "automation/ghATLControlBar.h"
-#include "automation/ghATLControlBarItem.h"
-#include "automation/ghATLGXGrid.h"
-#include "automation/ghATLGhosthand.h"
-#include "automation/ghATLGroupCombo.h"
-#include "automation/ghATLListBox.h"
-#include "automation/ghATLListView.h"
-#include "automation/ghATLOpenSaveDialog.h"
-#include "automation/ghATLOptionTree.h"
-#include "automation/ghATLOptionTreeItem.h"
-#include "automation/ghATLRibCustomisationWidget.h"
-#include "automation/ghATLTabControl.h"
-#include "automation/ghATLTrackBar.h"
-#include "automation/ghATLTreeControl.h"
-#include "automation/ghATLTreeItem.h"
+#include "automation/classes.h"
 #include "automation/interfaces.h"
 
 namespace server {
 namespace {
 
-using automation::CreateInstance;
-
 // src/server/CMakeLists.txt numbers the registration scripts in the same order.
 constinit ObjectMapEntry objectMap[] = {
-    {&CLSID_Ghosthand, &CreateInstance<ghATLGhosthand>, 103},
-    {&CLSID_BaseWindow, &CreateInstance<ghATLBaseWindow>, 104},
-    {&CLSID_CheckBox, &CreateInstance<ghATLCheckBox>, 105},
-    {&CLSID_TreeItem, &CreateInstance<ghATLTreeItem>, 106},
-    {&CLSID_TreeControl, &CreateInstance<ghATLTreeControl>, 107},
-    {&CLSID_CADTreeItem, &CreateInstance<ghATLCADTreeItem>, 108},
-    {&CLSID_CADTreeControl, &CreateInstance<ghATLCADTree>, 109},
-    {&CLSID_ComboBox, &CreateInstance<ghATLComboBox>, 110},
-    {&CLSID_GroupCombo, &CreateInstance<ghATLGroupCombo>, 111},
-    {&CLSID_ListBox, &CreateInstance<ghATLListBox>, 112},
-    {&CLSID_ListView, &CreateInstance<ghATLListView>, 113},
-    {&CLSID_TabControl, &CreateInstance<ghATLTabControl>, 114},
-    {&CLSID_TrackBar, &CreateInstance<ghATLTrackBar>, 115},
-    {&CLSID_ControlBar, &CreateInstance<ghATLControlBar>, 116},
-    {&CLSID_ControlBarItem, &CreateInstance<ghATLControlBarItem>, 117},
-    {&CLSID_OptionTree, &CreateInstance<ghATLOptionTree>, 118},
-    {&CLSID_OptionTreeItem, &CreateInstance<ghATLOptionTreeItem>, 119},
-    {&CLSID_GXGrid, &CreateInstance<ghATLGXGrid>, 120},
-    {&CLSID_CADView, &CreateInstance<ghATLCADView>, 121},
-    {&CLSID_OpenSaveDialog, &CreateInstance<ghATLOpenSaveDialog>, 122},
-    {&CLSID_RibCustomisationWidget, &CreateInstance<ghATLRibCustomisationWidget>, 123},
+    {&CLSID_Ghosthand, &automation::CreateGhosthand, 103},
+    {&CLSID_BaseWindow, &automation::CreateBaseWindow, 104},
+    {&CLSID_CheckBox, &automation::CreateCheckBox, 105},
+    {&CLSID_TreeItem, &automation::CreateTreeItem, 106},
+    {&CLSID_TreeControl, &automation::CreateTreeControl, 107},
+    {&CLSID_CADTreeItem, &automation::CreateCADTreeItem, 108},
+    {&CLSID_CADTreeControl, &automation::CreateCADTreeControl, 109},
+    {&CLSID_ComboBox, &automation::CreateComboBox, 110},
+    {&CLSID_GroupCombo, &automation::CreateGroupCombo, 111},
+    {&CLSID_ListBox, &automation::CreateListBox, 112},
+    {&CLSID_ListView, &automation::CreateListView, 113},
+    {&CLSID_TabControl, &automation::CreateTabControl, 114},
+    {&CLSID_TrackBar, &automation::CreateTrackBar, 115},
+    {&CLSID_ControlBar, &automation::CreateControlBar, 116},
+    {&CLSID_ControlBarItem, &automation::CreateControlBarItem, 117},
+    {&CLSID_OptionTree, &automation::CreateOptionTree, 118},
+    {&CLSID_OptionTreeItem, &automation::CreateOptionTreeItem, 119},
+    {&CLSID_GXGrid, &automation::CreateGXGrid, 120},
+    {&CLSID_CADView, &automation::CreateCADView, 121},
+    {&CLSID_OpenSaveDialog, &automation::CreateOpenSaveDialog, 122},
+    {&CLSID_RibCustomisationWidget, &automation::CreateRibCustomisationWidget, 123},
 };
 
 } // namespace

@@ -7,14 +7,14 @@
 #include <optional>
 #include <span>
 
-#include "automation/create.h"
+#include "automation/classes.h"
 #include "server/class_factory.h"
 
 namespace server {
 
 struct ObjectMapEntry {
     const CLSID* classId;
-    automation::CreateFunction create;
+    automation::CreateFunction* create;
     UINT registrationScript; // resource id
 
     // Made on the first request (CGhosthandModule::GetClassObject); the pointer is set once it stands.

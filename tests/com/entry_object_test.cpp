@@ -86,4 +86,63 @@ TEST(ModuleImage, HasASharedSectionOfTheAgreedLayout) {
     EXPECT_THAT(bytes, Each('\0'));
 }
 
+std::vector<std::string> ExportedNames(HMODULE module) {
+    const auto* image = reinterpret_cast<const char*>(module);
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(image);
+    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(image + dos->e_lfanew);
+    const auto* directory = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(
+        image + headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT].VirtualAddress);
+    const auto* names = reinterpret_cast<const DWORD*>(image + directory->AddressOfNames);
+    std::vector<std::string> result;
+    for (DWORD index = 0; index < directory->NumberOfNames; ++index) {
+        result.emplace_back(image + names[index]);
+    }
+    return result;
+}
+
+TEST(ModuleImage, ExportsTheSharedUtilitiesUnderTheNamesOfEitherCompiler) {
+    const struct {
+        const char* activeDialog;
+        const char* isPopupDialog;
+        const char* isStartsFrom;
+    } kCompilers[] = {
+        {"?active_dialog@ghSharedUtils@@SAPEAUHWND__@@PEAU2@@Z",
+         "?is_popup_dialog@ghSharedUtils@@SAHPEAUHWND__@@@Z", "?is_starts_from@ghSharedUtils@@SA_NPEBD0@Z"},
+        {"_ZN13ghSharedUtils13active_dialogEP6HWND__", "_ZN13ghSharedUtils15is_popup_dialogEP6HWND__",
+         "_ZN13ghSharedUtils14is_starts_fromEPKcS1_"}};
+    const HMODULE module = LoadLibraryW(support::BuiltModule::DefaultPath().c_str());
+    ASSERT_NE(module, nullptr);
+    std::vector<std::string> expected = {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer",
+                                         "DllUnregisterServer"};
+    const HWND owner = CreateWindowA("Static", "owner", WS_OVERLAPPEDWINDOW, 0, 0, 90, 90, nullptr, nullptr,
+                                     nullptr, nullptr);
+    const HWND dialog = CreateWindowExA(WS_EX_DLGMODALFRAME, "#32770", "dialog", WS_POPUP | WS_VISIBLE, 0, 0,
+                                        90, 90, owner, nullptr, nullptr, nullptr);
+    for (const auto& names : kCompilers) {
+        SCOPED_TRACE(names.activeDialog);
+        expected.insert(expected.end(), {names.activeDialog, names.isPopupDialog, names.isStartsFrom});
+        const auto find = [&]<class Function>(const char* name, Function*& function) {
+            function = reinterpret_cast<Function*>(GetProcAddress(module, name));
+            ASSERT_NE(function, nullptr) << name;
+        };
+        HWND (*activeDialog)(HWND) = nullptr;
+        int (*isPopupDialog)(HWND) = nullptr;
+        bool (*isStartsFrom)(const char*, const char*) = nullptr;
+        find(names.activeDialog, activeDialog);
+        find(names.isPopupDialog, isPopupDialog);
+        find(names.isStartsFrom, isStartsFrom);
+        if (HasFatalFailure()) {
+            continue;
+        }
+        EXPECT_EQ(activeDialog(owner), dialog);
+        EXPECT_NE(isPopupDialog(dialog), 0);
+        EXPECT_EQ(isPopupDialog(owner), 0);
+        EXPECT_TRUE(isStartsFrom("Bracket", "Bra"));
+        EXPECT_FALSE(isStartsFrom("Bracket", "bra"));
+    }
+    EXPECT_THAT(ExportedNames(module), testing::UnorderedElementsAreArray(expected));
+    DestroyWindow(owner);
+    FreeLibrary(module);
+}
+
 } // namespace

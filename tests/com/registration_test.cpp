@@ -158,7 +158,13 @@ TEST_F(Registration, WritesEveryClassTheApplicationAndTheLibrary) {
 
     const std::wstring libraryKey = std::wstring(L"TypeLib\\") + kLibrary + L"\\1.0";
     EXPECT_THAT(contents, Contains(libraryKey + L" @ = REG_SZ Ghosthand 1.0 Type Library"));
-    EXPECT_THAT(contents, Contains(libraryKey + L"\\409\\win32 @ = REG_SZ " + module.Path()));
+    // Which of a library's languages and system kinds it is entered under is up to the system.
+    Lines places;
+    for (const wchar_t* language : {L"0", L"9", L"409"})
+        for (const wchar_t* system : {L"win32", L"win64"})
+            places.push_back(libraryKey + L"\\" + language + L"\\" + system + L" @ = REG_SZ " +
+                             module.Path());
+    EXPECT_THAT(contents, Contains(testing::AnyOfArray(places)));
 }
 
 TEST_F(Registration, UnregisteringLeavesTheRegistryAsItWas) {
