@@ -2,18 +2,12 @@
 
 #include <new>
 
+#include "hostlink/host_text.h"
+
 namespace automation {
 
 std::string ToAnsi(BSTR text) {
-    if (text == nullptr) {
-        return {};
-    }
-    const std::wstring_view wide(text); // up to the first NUL
-    const int length = static_cast<int>(wide.size());
-    const int size = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string ansi(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_ACP, 0, wide.data(), length, ansi.data(), size, nullptr, nullptr);
-    return ansi;
+    return text == nullptr ? std::string() : hostlink::ToAnsi(text); // up to the first NUL
 }
 
 std::wstring ToWide(std::string_view text) {

@@ -8,14 +8,14 @@ namespace {
 
 // Fetches the item afresh until it is valid, up to `timeout` seconds; null when it never was.
 template <class Fetch>
-std::unique_ptr<ghControlBarItem> WaitForItem(int timeout, Fetch fetch) {
+std::unique_ptr<ghControlBarItem> WaitForItem(const ghControlBar& bar, int timeout, Fetch fetch) {
     return engine::WaitFor<ghControlBarItem>(
         timeout,
         [&]() -> std::unique_ptr<ghControlBarItem> {
             auto item = fetch();
             return item->IsValid() ? std::move(item) : nullptr;
         },
-        "Failed to wait for ControlBar Item.");
+        "Failed to wait for ControlBar Item.", bar.Window());
 }
 
 } // namespace
@@ -23,7 +23,7 @@ std::unique_ptr<ghControlBarItem> WaitForItem(int timeout, Fetch fetch) {
 HRESULT ghATLControlBar::GetItem(int index, LONG, LONG timeout, IControlBarItem** result) {
     *result = nullptr;
     return Run([&](const auto& bar) {
-        return automation::Wrap(WaitForItem(timeout, [&] { return bar.GetItem(index); }), result);
+        return automation::Wrap(WaitForItem(bar, timeout, [&] { return bar.GetItem(index); }), result);
     });
 }
 
@@ -31,7 +31,7 @@ HRESULT ghATLControlBar::GetItemByID(BSTR caption, int id, LONG, LONG timeout, I
     *result = nullptr;
     return Run([&](const auto& bar) {
         const std::string text = automation::ToAnsi(caption);
-        return automation::Wrap(WaitForItem(timeout, [&] { return bar.GetItemByID(text, id); }), result);
+        return automation::Wrap(WaitForItem(bar, timeout, [&] { return bar.GetItemByID(text, id); }), result);
     });
 }
 

@@ -4,6 +4,7 @@
 
 #include "automation/module_lock.h"
 #include "automation/type_info.h"
+#include "engine/thread_idle.h"
 #include "hostlink/module_instance.h"
 #include "server/thread_locale.h"
 
@@ -45,6 +46,7 @@ HRESULT CGhosthandModule::CanUnloadNow() const noexcept {
     if (automation::ModuleLockCount() != 0)
         return S_FALSE;
     automation::ReleaseTypeInformation();
+    engine::ReleasePerformanceData();
     return S_OK;
 }
 

@@ -106,9 +106,7 @@ TEST_F(Synchronise, GoesOnAfterOneThatCameInBetween) {
     ASSERT_NE(other, nullptr);
     cameIn = false;
     ghBaseWindow frame(host->Frame());
-    PostMessageA(frame.Window(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
-                 static_cast<WPARAM>(Misbehaviour::Busy), 500);
-    SetTimer(nullptr, 0, 150, [](HWND, UINT, UINT_PTR timer, DWORD) {
+    SetTimer(nullptr, 0, 30, [](HWND, UINT, UINT_PTR timer, DWORD) {
         KillTimer(nullptr, timer);
         ghBaseWindow(other).Close(); // takes its marker with it
         cameIn = true;
