@@ -4,7 +4,8 @@ import struct
 import sys
 import unittest
 
-from type_library_file import SEGMENTS, TYPE_SIZE, TypeLibraryFile
+from type_library_file import TypeLibraryFile
+from type_library_tables import SEGMENTS, TYPE_SIZE
 
 LIBRARY = ""
 
@@ -127,9 +128,9 @@ DAMAGE = [
     ("target of a pointer", lambda copy: copy.put(copy.description(26) + 4, 0x7FFFFFF8), "type description at"),
     ("simple type", lambda copy: copy.put(copy.parameter("IBaseWindow", "FitSize", 0), 0x80040003),
      "type IBaseWindow, FitSize, parameter 0: unknown type"),
-    ("import's locale", lambda copy: copy.put(copy.start("import files") + 4, 0x409), "import file at 0x0: stdole2.tlb"),
+    ("import's locale", lambda copy: copy.put(copy.start("import files") + 4, 0x409), "import file at 0x0: stdole2"),
     ("import's kind", lambda copy: copy.change(copy.start("imports"), increase), "import at 0x0: its flags"),
-    ("coclass's interface", lambda copy: copy.put(copy.start("references"), 2), "type Ghosthand: there is no interface"),
+    ("coclass's interface", lambda copy: copy.put(copy.start("references"), 2), "type Ghosthand: there is no"),
     ("coclass's chain", lambda copy: copy.put(copy.start("references") + 12, 16), "type Ghosthand: the chain"),
     ("custom data", lambda copy: copy.put(copy.start("custom data") + 8, 0), "header: its custom data"),
     # Types
@@ -168,11 +169,13 @@ DAMAGE = [
      "type IBaseWindow, SendMessage, parameter 2: its default value is missing"),
     ("default value nowhere", lambda copy: copy.put(copy.default_value("IBaseWindow", "SendMessage", 2), 2),
      "type IBaseWindow, SendMessage, parameter 2: its value is at"),
-    ("default value of a result", lambda copy: copy.put(copy.default_value("IBaseWindow", "SendMessage", 3), 0x8C000000),
+    ("default value of a result",
+     lambda copy: copy.put(copy.default_value("IBaseWindow", "SendMessage", 3), 0x8C000000),
      "type IBaseWindow, SendMessage, parameter 3: it has a default value"),
     ("result", lambda copy: copy.change(copy.member("IBaseWindow", "Visible") + 0x10, lambda word: word & ~0x4000),
      "type IBaseWindow, Visible: its attributes and its result"),
-    ("memory of a constant", lambda copy: copy.change(copy.member("ghCheckBoxState", "ghCHECKED") + 0xE, increase, "<H"),
+    ("memory of a constant",
+     lambda copy: copy.change(copy.member("ghCheckBoxState", "ghCHECKED") + 0xE, increase, "<H"),
      "type ghCheckBoxState, ghCHECKED: it is said to take"),
 ]
 
