@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+#include "type_library_conventions.h"
+
 namespace {
 
 constexpr std::uint32_t kMagic = 0x5446534D; // "MSFT"
@@ -31,7 +33,7 @@ constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
 constexpr std::size_t kTypeInfoSize = 100;
 constexpr std::size_t kTypeInfoMembers = 0x04;   // file offset of the member block
-constexpr std::size_t kTypeInfoSizeHint = 0x08;  // two hints, wrong for large interfaces
+constexpr std::size_t kTypeInfoSizeHint = 0x08;  // two estimates; Windows writes 0
 constexpr std::size_t kTypeInfoFunctions = 0x18; // 16-bit count
 
 constexpr std::size_t kFunctionFlags = 0x10;
@@ -179,7 +181,9 @@ int main(int argumentCount, char** arguments) {
     try {
         Library library(ReadFile(arguments[1]));
         library.Finish();
-        WriteFile(arguments[2], library.Bytes());
+        std::vector<std::uint8_t> finished = library.Bytes();
+        FollowMicrosoftConventions(finished);
+        WriteFile(arguments[2], finished);
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "finish_type_library: %s: %s\n", arguments[1], error.what());
