@@ -352,6 +352,33 @@ TEST_F(AutomationObject, LetsCallsReenterWhileItWaits) {
     EXPECT_EQ(inner, TextOf(*main));
 }
 
+TEST_F(AutomationObject, TakesAContextThatOthersLeaveActiveAwayWithItsOwn) {
+    const auto main = MainWindow();
+    ACTCTXW description = {};
+    description.cbSize = sizeof description;
+    description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    description.lpSource = module->Path().c_str();
+    description.lpResourceName = MAKEINTRESOURCEW(2); // the manifest of a DLL
+    const HANDLE context = CreateActCtxW(&description);
+    ASSERT_NE(context, INVALID_HANDLE_VALUE);
+    HANDLE before = nullptr, after = nullptr;
+    ASSERT_TRUE(GetCurrentActCtx(&before));
+    bool activated = false;
+    {
+        const DuringAWait during([&] {
+            ULONG_PTR forgotten = 0;
+            activated = ActivateActCtx(context, &forgotten);
+        });
+        EXPECT_EQ(Ask(*main.Get(), L"Edit", LONG{9999}, LONG{0}, LONG{1}).Object(), nullptr);
+    }
+    EXPECT_TRUE(activated);
+    EXPECT_TRUE(GetCurrentActCtx(&after));
+    EXPECT_EQ(after, before);
+    ReleaseActCtx(after);
+    ReleaseActCtx(before);
+    ReleaseActCtx(context);
+}
+
 // A suite of its own: it ends its host.
 class DyingHost : public AutomationObject {};
 
