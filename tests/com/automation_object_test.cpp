@@ -1,10 +1,16 @@
 // Automation objects of the built module while they drive the sample host: by vtable and by name.
 #include <gmock/gmock.h>
 
+#include <windows.h>
+
+#include <oleacc.h>
+
+#include <functional>
 #include <string>
 #include <thread>
 
 #include "com/driven_host.h"
+#include "com/failing_memory.h"
 #include "com/late_bound.h"
 
 namespace {
@@ -82,6 +88,15 @@ TEST_F(AutomationObject, TakesDefaultsAndNames) {
     ASSERT_NE(sameEdit.Object(), nullptr);
     EXPECT_NE(sameEdit.Object(), edit.Object()); // objects are never shared
 
+    // As a script writes it with nothing between two commas.
+    std::vector<support::Argument> leftOut = Arguments(LONG{0}, LONG{0x40}, LONG{5});
+    V_VT(&leftOut[0].value.Value()) = VT_ERROR;
+    V_ERROR(&leftOut[0].value.Value()) = DISP_E_PARAMNOTFOUND;
+    Variant anyEdit;
+    ASSERT_EQ(CallByName(*main.Get(), L"Edit", std::move(leftOut), anyEdit), S_OK);
+    ASSERT_NE(anyEdit.Object(), nullptr);
+    EXPECT_EQ(Ask(*anyEdit.Object(), L"ControlID").Long(), 1001);
+
     Variant unused;
     std::vector<support::Argument> unknown = Arguments(LONG{1});
     unknown[0].name = L"a_nonsense";
@@ -133,16 +148,109 @@ TEST_F(AutomationObject, TestsOnlySomeOutPointers) {
     EXPECT_EQ(information, nullptr);
 }
 
-TEST_F(AutomationObject, OfTheFileDialogTellsThatItsErrorsHaveATextOfTheirOwn) {
-    const auto dialog = Create<IOpenSaveDialog>(CLSID_OpenSaveDialog);
-    ComPointer<ISupportErrorInfo> support;
-    ASSERT_EQ(dialog->QueryInterface(IID_ISupportErrorInfo, support.ReceiveVoid()), S_OK);
-    EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(IOpenSaveDialog)), S_OK);
-    EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(IBaseWindow)), S_FALSE);
-    ComPointer<IUnknown> fromDialog, fromSupport;
-    ASSERT_EQ(dialog->QueryInterface(IID_IUnknown, fromDialog.ReceiveVoid()), S_OK);
-    ASSERT_EQ(support->QueryInterface(IID_IUnknown, fromSupport.ReceiveVoid()), S_OK);
-    EXPECT_EQ(fromDialog.Get(), fromSupport.Get());
+std::wstring DescriptionOf(IErrorInfo& error) {
+    BSTR text = nullptr;
+    support::Require(error.GetDescription(&text), "GetDescription");
+    const std::wstring description(text, SysStringLen(text));
+    SysFreeString(text);
+    return description;
+}
+
+TEST_F(AutomationObject, TellsItsCallerWhatFailed) {
+    const auto main = MainWindow();
+    Ask(*main.Get(), L"Command", LONG{sample_host::ids::kPageOpenDrawing});
+    ComPointer<IOpenSaveDialog> dialog;
+    ASSERT_EQ(main->OpenSaveDialog(60, dialog.Receive()), S_OK);
+    ASSERT_EQ(dialog->Close(), S_OK); // takes the field for the name with it
+    constexpr wchar_t kNoField[] = L"Expected to find edit control";
+    ComPointer<IErrorInfo> error, none;
+    // By vtable
+    EXPECT_EQ(dialog->File(Bstr(L"a.txt")), E_FAIL);
+    ASSERT_EQ(GetErrorInfo(0, error.Receive()), S_OK);
+    EXPECT_EQ(DescriptionOf(*error), kNoField);
+    // A failure without a text does not leave that of an earlier one.
+    SetErrorInfo(0, error.Get());
+    EXPECT_EQ(dialog->get_Left(nullptr), E_POINTER);
+    EXPECT_EQ(GetErrorInfo(0, none.Receive()), S_FALSE);
+    // By identifier, which is where Err.Description comes from
+    std::wstring file = L"File";
+    LPOLESTR names[] = {file.data()};
+    DISPID id = 0;
+    ASSERT_EQ(dialog->GetIDsOfNames(IID_NULL, names, 1, 0, &id), S_OK);
+    Variant name(L"a.txt");
+    DISPPARAMS arguments = {&name.Value(), nullptr, 1, 0};
+    EXCEPINFO exception = {};
+    EXPECT_EQ(dialog->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &arguments, nullptr, &exception, nullptr),
+              DISP_E_EXCEPTION);
+    EXPECT_EQ(exception.scode, E_FAIL);
+    EXPECT_STREQ(exception.bstrDescription, kNoField);
+    EXPECT_STREQ(exception.bstrSource, L"Ghosthand");
+    SysFreeString(exception.bstrDescription);
+    SysFreeString(exception.bstrSource);
+    SysFreeString(exception.bstrHelpFile);
+}
+
+TEST_F(AutomationObject, HandsOutTheSystemsAccessibleObject) {
+    const auto main = MainWindow();
+    const Variant found = Ask(*main.Get(), L"AccessibleObject");
+    ASSERT_NE(found.Object(), nullptr);
+    ComPointer<IAccessible> accessible;
+    ASSERT_EQ(found.Object()->QueryInterface(__uuidof(IAccessible), accessible.ReceiveVoid()), S_OK);
+    HWND window = nullptr;
+    ASSERT_EQ(WindowFromAccessibleObject(accessible.Get(), &window), S_OK);
+    EXPECT_EQ(window, host->Frame());
+}
+
+// Whichever allocation of a member fails: it says so, or does without.
+TEST_F(AutomationObject, RunsShortOfMemoryInPeace) {
+    const auto entry = Create<IGhosthand>(CLSID_Ghosthand);
+    const auto main = MainWindow();
+    const auto edit = Edit();
+    const Bstr longText(std::wstring(200, L'x').c_str()), program(L"sample_host"), className(L"Edit");
+    const Bstr windowName(L"document 1.1001");
+    const auto window = [](auto call) {
+        return [call] {
+            ComPointer<IBaseWindow> found;
+            return call(found.Receive());
+        };
+    };
+    const struct {
+        const char* what;
+        std::function<HRESULT()> call;
+    } kCalls[] = {
+        {"MainWindow",
+         window([&](auto found) { return entry->MainWindow(program, nullptr, nullptr, 0, 0, found); })},
+        {"ChildWindow",
+         window([&](auto found) { return main->ChildWindow(longText, longText, 0, 0x40, 0, found); })},
+        {"Edit", window([&](auto found) { return main->Edit(1001, 0x40, 0, found); })},
+        {"Parent", window([&](auto found) { return edit->Parent(found); })},
+        {"WindowByID", window([&](auto found) { return main->WindowByID(windowName, 0, found); })},
+        {"Text put", [&] { return edit->put_Text(longText); }},
+        {"Text",
+         [&] {
+             BSTR text = nullptr;
+             const HRESULT result = edit->get_Text(&text);
+             SysFreeString(text);
+             return result;
+         }},
+    };
+    support::FailingMemory memory(GetModuleHandleW(module->Path().c_str()));
+    // The thread's first exception
+    const Bstr hugeText(std::wstring(10000, L'x').c_str());
+    memory.RunsShortAfter(
+        0, [&] { EXPECT_EQ(edit->put_Text(hugeText), E_OUTOFMEMORY); }, 4096);
+    for (const auto& [what, call] : kCalls) {
+        HRESULT result = E_FAIL;
+        bool failed = false;
+        int allocations = 0;
+        while (memory.RunsShortAfter(allocations, [&] { result = call(); })) {
+            EXPECT_THAT(result, testing::AnyOf(E_OUTOFMEMORY, S_OK, S_FALSE)) << what << ' ' << allocations;
+            failed = failed || result == E_OUTOFMEMORY;
+            ++allocations;
+        }
+        EXPECT_TRUE(failed) << what;
+        EXPECT_HRESULT_SUCCEEDED(result) << what;
+    }
 }
 
 // A client may create it, but nothing stands behind it.
@@ -242,6 +350,33 @@ TEST_F(AutomationObject, LetsCallsReenterWhileItWaits) {
     });
     EXPECT_EQ(Ask(*main.Get(), L"Edit", LONG{9999}, LONG{0}, LONG{1}).Object(), nullptr);
     EXPECT_EQ(inner, TextOf(*main));
+}
+
+TEST_F(AutomationObject, TakesAContextThatOthersLeaveActiveAwayWithItsOwn) {
+    const auto main = MainWindow();
+    ACTCTXW description = {};
+    description.cbSize = sizeof description;
+    description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    description.lpSource = module->Path().c_str();
+    description.lpResourceName = MAKEINTRESOURCEW(2); // the manifest of a DLL
+    const HANDLE context = CreateActCtxW(&description);
+    ASSERT_NE(context, INVALID_HANDLE_VALUE);
+    HANDLE before = nullptr, after = nullptr;
+    ASSERT_TRUE(GetCurrentActCtx(&before));
+    bool activated = false;
+    {
+        const DuringAWait during([&] {
+            ULONG_PTR forgotten = 0;
+            activated = ActivateActCtx(context, &forgotten);
+        });
+        EXPECT_EQ(Ask(*main.Get(), L"Edit", LONG{9999}, LONG{0}, LONG{1}).Object(), nullptr);
+    }
+    EXPECT_TRUE(activated);
+    EXPECT_TRUE(GetCurrentActCtx(&after));
+    EXPECT_EQ(after, before);
+    ReleaseActCtx(after);
+    ReleaseActCtx(before);
+    ReleaseActCtx(context);
 }
 
 // A suite of its own: it ends its host.

@@ -12,13 +12,14 @@ using support::Ask;
 using support::Bstr;
 using support::CallByName;
 using support::ComPointer;
+using support::PutByName;
 using support::Variant;
 
 class ControlObjects : public support::DrivenHost {
 protected:
     static void SetUpTestSuite() {
         DrivenHost::SetUpTestSuite();
-        host = std::make_unique<support::SampleHost>("--page cad --page ribbon");
+        host = std::make_unique<support::SampleHost>("--page cad --page options --page ribbon");
         host->WaitForWindow("Customise ribbon.1120"); // the last one
     }
 
@@ -117,6 +118,84 @@ TEST_F(ControlObjects, AGridTellsReadOnlyCellsByAPropertyWithTwoArguments) {
     EXPECT_TRUE(Ask(*grid.Object(), L"IsReadOnly", LONG{2}, LONG{1}).Bool());
     EXPECT_FALSE(Ask(*grid.Object(), L"IsReadOnly", LONG{2}, LONG{2}).Bool());
     EXPECT_FALSE(Ask(*grid.Object(), L"IsReadOnly", LONG{0}, LONG{1}).Bool());
+}
+
+TEST_F(ControlObjects, ItemsOfACadTreeKeepWhatAScriptSets) {
+    const auto shaft = Shaft();
+    for (const wchar_t* property : {L"Visible", L"Checked", L"Starred"}) {
+        SCOPED_TRACE(testing::Message() << property);
+        const bool before = Ask(*shaft.Get(), property).Bool();
+        PutByName(*shaft.Get(), property, !before);
+        EXPECT_EQ(Ask(*shaft.Get(), property).Bool(), !before);
+        PutByName(*shaft.Get(), property, before);
+        EXPECT_EQ(Ask(*shaft.Get(), property).Bool(), before);
+    }
+    PutByName(*shaft.Get(), L"Color", LONG{0x00C86838});
+    EXPECT_EQ(Ask(*shaft.Get(), L"Color").Long(), 0x00C86838);
+}
+
+TEST_F(ControlObjects, ItemsOfAnOptionTreeAreWalkedReadAndSet) {
+    const Variant tree = Ask(*MainWindow().Get(), L"OptionTreeByID", L"Options.1110", LONG{10});
+    ASSERT_NE(tree.Object(), nullptr);
+    const Variant root = Ask(*tree.Object(), L"Root");
+    ASSERT_NE(root.Object(), nullptr);
+    EXPECT_EQ(Ask(*root.Object(), L"Label").Text(), L"Options");
+    EXPECT_EQ(Ask(*root.Object(), L"Parent").Object(), nullptr);
+    EXPECT_EQ(Ask(*root.Object(), L"Sibling").Object(), nullptr);
+    const Variant general = Ask(*root.Object(), L"Child");
+    EXPECT_EQ(Ask(*general.Object(), L"Label").Text(), L"General");
+    EXPECT_EQ(Ask(*Ask(*general.Object(), L"Sibling").Object(), L"Label").Text(), L"Display");
+    EXPECT_EQ(Ask(*Ask(*general.Object(), L"Parent").Object(), L"Label").Text(), L"Options");
+
+    const Variant units = Ask(*general.Object(), L"Child");
+    EXPECT_FALSE(Ask(*units.Object(), L"IsCheckbox").Bool());
+    EXPECT_FALSE(Ask(*units.Object(), L"IsReadOnly").Bool());
+    PutByName(*units.Object(), L"Text", L"inch");
+    EXPECT_EQ(Ask(*units.Object(), L"Text").Text(), L"inch");
+
+    const Variant save = Ask(*tree.Object(), L"GetItemByPath", L"General|Save automatically");
+    EXPECT_TRUE(Ask(*save.Object(), L"IsCheckbox").Bool());
+    EXPECT_TRUE(Ask(*save.Object(), L"Checked").Bool());
+    PutByName(*save.Object(), L"Checked", false);
+    EXPECT_FALSE(Ask(*save.Object(), L"Checked").Bool());
+
+    const Variant version = Ask(*tree.Object(), L"GetItemByPath", L"General|Version");
+    EXPECT_TRUE(Ask(*version.Object(), L"IsReadOnly").Bool());
+    EXPECT_EQ(Ask(*version.Object(), L"Sibling").Object(), nullptr);
+    EXPECT_EQ(Ask(*version.Object(), L"Child").Object(), nullptr);
+}
+
+TEST_F(ControlObjects, AGroupComboIsReadAndChosenFrom) {
+    const Variant found = Ask(*MainWindow().Get(), L"GroupComboByID", L"CAD.1102", LONG{10});
+    ASSERT_NE(found.Object(), nullptr);
+    IDispatch& combo = *found.Object();
+    EXPECT_EQ(Ask(combo, L"GetItemCount").Long(), 10);
+    EXPECT_EQ(Ask(combo, L"GetItem", LONG{0}).Text(), L"Metals");
+    EXPECT_EQ(Ask(combo, L"GetItem", LONG{10}).Text(), L"");
+    EXPECT_EQ(Ask(combo, L"GetHeading", LONG{7}).Text(), L"Plastics");
+    EXPECT_TRUE(Ask(combo, L"SelectItemByName", L"Plastics", L"Nylon").Bool());
+    EXPECT_EQ(Ask(combo, L"Text").Text(), L"Nylon");
+    EXPECT_EQ(Ask(combo, L"HeadingText").Text(), L"Plastics");
+    EXPECT_FALSE(Ask(combo, L"SelectItemByName", L"Metals", L"Nylon").Bool());
+    EXPECT_TRUE(Ask(combo, L"SelectItem", LONG{1}).Bool());
+    EXPECT_FALSE(Ask(combo, L"SelectItem", LONG{0}).Bool()); // a heading
+    EXPECT_EQ(Ask(combo, L"Text").Text(), L"Aluminium");
+    EXPECT_EQ(Ask(combo, L"HeadingText").Text(), L"Metals");
+}
+
+TEST_F(ControlObjects, AViewTakesDoubleClicksAndOpensItsMenu) {
+    const Variant found = Ask(*MainWindow().Get(), L"CADViewByID", L"CAD.1101", LONG{10});
+    ASSERT_NE(found.Object(), nullptr);
+    const HWND view = host->Window("CAD.1101");
+    host->ClearLog();
+    // Recorded in a view of that size, whose corners are those of this one.
+    Ask(*found.Object(), L"DoubleClick", LONG{1}, LONG{50}, LONG{50}, LONG{100}, LONG{100});
+    EXPECT_THAT(host->Log().Records(WM_LBUTTONDBLCLK, view), testing::SizeIs(1));
+
+    // Another program's menu has no items under Wine, and is not handed out there.
+    Ask(*found.Object(), L"ContextMenu", LONG{50}, LONG{50}, LONG{100}, LONG{100});
+    EXPECT_THAT(host->Log().Records(WM_CONTEXTMENU, view), testing::SizeIs(1));
+    SendMessageA(host->Frame(), WM_CANCELMODE, 0, 0);
 }
 
 } // namespace
