@@ -11,6 +11,7 @@
 #include "automation/guarded.h"
 #include "automation/module_lock.h"
 #include "automation/type_info.h"
+#include "engine/dpi_scope.h"
 
 namespace automation {
 
@@ -36,7 +37,10 @@ public:
     IUnknown& Inner() noexcept { return m_inner; }
 
     // Hands an engine object over, in place of the one that is there.
-    void Adopt(std::unique_ptr<Engine> engine) noexcept { m_window = std::move(engine); }
+    void Adopt(std::unique_ptr<Engine> object) noexcept {
+        m_window = std::move(object);
+        m_awareness = engine::DpiAwarenessOf(m_window == nullptr ? nullptr : m_window->Window());
+    }
     // Null until one is handed over.
     Engine* EngineOrNull() const noexcept { return m_window.get(); }
 
@@ -76,9 +80,11 @@ public:
 protected:
     // Runs a member's body with the engine object: E_UNEXPECTED if there is none, as in an object that a
     // client created itself. The body may wait and so let calls re-enter: the object is kept alive for it.
+    // Coordinates are the driven program's own pixels, whatever the client is.
     template <class Body>
     HRESULT Run(Body body) noexcept {
         const KeptAlive kept(*this);
+        const engine::DpiScope dpi(m_awareness);
         return Guarded([&]() -> HRESULT {
             if (m_window == nullptr) {
                 return E_UNEXPECTED;
@@ -178,6 +184,7 @@ private:
     InnerUnknown m_inner{*this};
     IUnknown* m_outer;
     std::unique_ptr<Engine> m_window;
+    DPI_AWARENESS_CONTEXT m_awareness = nullptr; // that of the engine object's window
 };
 
 } // namespace automation

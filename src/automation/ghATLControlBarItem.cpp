@@ -16,7 +16,8 @@ bool WaitUntilEnabled(const ghControlBarItem& item, int seconds, const char* mem
     bool enabled = false;
     engine::Wait(
         seconds, [&] { return enabled = item.Enabled(); },
-        engine::diagnostics::Format("Failed to wait for control bar item enabled state on '%s'.", member));
+        engine::diagnostics::Format("Failed to wait for control bar item enabled state on '%s'.", member),
+        item.Window());
     return enabled;
 }
 

@@ -1,12 +1,16 @@
 // An item of a menu or a button of a toolbar.
 #pragma once
 
+#include <windows.h>
+
 #include <memory>
 
 class ghControlBar;
 
 class ghControlBarItem {
 public:
+    // The window of the menu or bar that it belongs to.
+    virtual HWND Window() const noexcept = 0;
     virtual bool IsValid() const = 0;
     virtual bool IsAvailable() const = 0;
     virtual bool Enabled() const = 0;

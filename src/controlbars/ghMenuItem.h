@@ -14,6 +14,7 @@ public:
 
     int Position() const noexcept { return m_position; }
 
+    HWND Window() const noexcept override { return m_menu.Window(); }
     bool IsValid() const override;
     bool IsAvailable() const override { return true; }
     // An item that cannot be read is neither enabled nor checked.

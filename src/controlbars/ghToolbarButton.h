@@ -14,6 +14,7 @@ public:
 
     int Index() const noexcept { return m_index; }
 
+    HWND Window() const noexcept override { return m_toolbar.Window(); }
     bool IsValid() const override;
     bool IsAvailable() const override { return true; }
     // A button that cannot be read is neither enabled nor checked, checkable or with sub-items.

@@ -15,6 +15,7 @@ public:
     bool IsValid() const noexcept { return m_tree.IsValid() && m_item != nullptr; }
     // This object's own copy of the tree's object, as it was when the item was found.
     const ghTreeControl& Tree() const noexcept { return m_tree; }
+    HWND Window() const noexcept { return m_tree.Window(); }
     HTREEITEM Item() const noexcept { return m_item; }
 
     // Makes it the selected item and synchronises.

@@ -146,7 +146,10 @@ TEST_F(HostLink, SurvivesATamperedSharedSection) {
         [] { shared.remoteString[0] = 'x'; },
         // The signal is taken for another message, for one of the system, or the hook cannot be removed.
         [] { shared.sendRemotelyMsg = hostlink::MSG_GH_SYNC; },
-        [] { shared.sendRemotelyMsg = WM_CLOSE; },
+        [&] {
+            shared.sendRemotelyMsg = WM_GETTEXTLENGTH;
+            SendNotifyMessageA(edit.window, WM_GETTEXTLENGTH, 0, 0);
+        },
         [] { shared.remoteHook = 0x77; },
     };
     for (const auto& tamper : tamperings) {
