@@ -15,7 +15,7 @@
 
 namespace automation {
 
-// For an automation object that stands for nothing in the host. None is ever made.
+// For an automation object that stands for nothing in the host.
 struct NoEngine {};
 
 // Object is the final class, Interface its dual interface, Engine the kind of its engine object, Bases the

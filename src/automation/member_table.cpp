@@ -44,13 +44,15 @@ HRESULT MemberTable::Read(ITypeInfo& information) {
     if (const HRESULT result = information.GetTypeAttr(&found); FAILED(result)) {
         return result;
     }
-    const std::unique_ptr<TYPEATTR, TypeAttributesReleaser> attributes(found, {information});
+    const std::unique_ptr<TYPEATTR, TypeAttributesReleaser> attributes(found,
+                                                                       TypeAttributesReleaser{information});
     for (UINT index = 0; index < attributes->cFuncs; ++index) {
         FUNCDESC* description = nullptr;
         if (const HRESULT result = information.GetFuncDesc(index, &description); FAILED(result)) {
             return result;
         }
-        const std::unique_ptr<FUNCDESC, FunctionReleaser> function(description, {information});
+        const std::unique_ptr<FUNCDESC, FunctionReleaser> function(description,
+                                                                   FunctionReleaser{information});
         // Those of IUnknown and IDispatch are restricted.
         if ((function->wFuncFlags & FUNCFLAG_FRESTRICTED) == 0) {
             m_members.push_back({function->memid, function->invkind, CountParameters(*function)});
