@@ -134,6 +134,7 @@ TEST_F(HostLink, SurvivesATamperedSharedSection) {
     const host_tests::AnsweringHook answering(host->ThreadId());
     const UINT grid = hostlink::MSG_GX_RequestGridInformation;
     const hostlink::HostWindow edit = Edit(); // the held host could not answer for it
+    std::thread asker;
     const std::function<void()> tamperings[] = {
         [] { shared.remoteStringOffset = 1013; },
         [] { shared.remoteStringOffset = ~std::uint64_t{0}; },
@@ -148,7 +149,8 @@ TEST_F(HostLink, SurvivesATamperedSharedSection) {
         [] { shared.sendRemotelyMsg = hostlink::MSG_GH_SYNC; },
         [&] {
             shared.sendRemotelyMsg = WM_GETTEXTLENGTH;
-            SendNotifyMessageA(edit.window, WM_GETTEXTLENGTH, 0, 0);
+            asker = std::thread([&] { SendMessageA(edit.window, WM_GETTEXTLENGTH, 0, 0); });
+            Sleep(50); // until it is on its way
         },
         [] { shared.remoteHook = 0x77; },
     };
@@ -170,6 +172,7 @@ TEST_F(HostLink, SurvivesATamperedSharedSection) {
         EXPECT_THAT(host->Log().Records(WM_CLOSE), IsEmpty());
         EXPECT_THAT(host->Log().Records(TB_BUTTONCOUNT), IsEmpty());
     }
+    asker.join();
     ExpectNoHookLeft(edit.window);
 }
 
