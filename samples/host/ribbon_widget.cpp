@@ -48,7 +48,7 @@ LRESULT Answer(HWND window, WPARAM request, LPARAM lParam) {
         AnswerText(*buffer, widget.forms[widget.selected]);
         return 1;
     case ribbon_widget::kSetSelected:
-        return SelectByName(window, TextOf(*buffer));
+        return SelectByName(window, ReadText(*buffer));
     default:
         return 0; // a request that a later version may know
     }
