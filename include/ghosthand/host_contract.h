@@ -105,7 +105,7 @@ constexpr char kGetLocale[] = "MSG_GH_GET_LOCALE";
 // are compared without regard to case, as atoms are.
 constexpr char kGetWindowByName[] = "MSG_HA_GetWindoHWND";
 // Sent to a CAD view. wParam 1: answer 1. wParam 0: answer a global atom that holds the camera text
-// (at most 255 bytes); the caller deletes it.
+// (at most 255 bytes, the first of them no '#'); the caller deletes it.
 constexpr char kGetViewPosition[] = "MSG_HA_GetViewPosition";
 // Sent to a CAD view: wParam = global atom of the camera text to adopt (the sender deletes it).
 constexpr char kSetViewPosition[] = "MSG_HA_SetViewPosition";
