@@ -4,20 +4,23 @@
 // All records are little endian and travel through memory that the host's GUI thread can address.
 // Texts are ANSI (the system code page) and NUL-terminated. Every request is sent, on the host's GUI
 // thread, to the control that it concerns; a host answers 0 to a request that it does not know.
-// The header needs C++17 and nothing of Windows.
+// The header needs C++11 and nothing of Windows.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <string>
 
-namespace ghosthand::host_contract {
+namespace ghosthand {
+namespace host_contract {
 
 // The answer to an identification probe (the control's message with wParam 0 and lParam 0) of a grid,
 // a CAD tree or a ribbon customisation widget. Any other answer means another kind of window.
-inline constexpr std::intptr_t kProbeAnswer = 165;
+constexpr std::intptr_t kProbeAnswer = 165;
 
 // Capacity in bytes, terminator included, of the text buffer that a text request points at.
-inline constexpr std::uint32_t kTextCapacity = 1024;
+constexpr std::uint32_t kTextCapacity = 1024;
 
 // A text buffer of the host's address space. On entry `text` points at a buffer of `capacity` bytes
 // that holds the text to set, or an empty text. To answer, the host writes into that buffer, or
@@ -27,39 +30,95 @@ struct TextBuffer {
     std::uint32_t capacity;
     std::uint32_t reserved; // not initialised by the sender
 };
-static_assert(sizeof(TextBuffer) == 16);
-static_assert(offsetof(TextBuffer, text) == 0 && offsetof(TextBuffer, capacity) == 8);
+static_assert(sizeof(TextBuffer) == 16, "layout of the exchange");
+static_assert(offsetof(TextBuffer, text) == 0 && offsetof(TextBuffer, capacity) == 8,
+              "layout of the exchange");
+
+// The code page UTF-8, which GetACP() answers where it is the system's.
+constexpr std::uint32_t kUtf8CodePage = 65001;
+
+// The length in bytes, at most `limit`, to which a text of `length` bytes is cut without parting a
+// character. A Windows program passes GetACP() and IsDBCSLeadByte; `isLeadByte` says of an unsigned char
+// whether it is the first of a character's two bytes, and is not asked in UTF-8.
+template <class IsLeadByte>
+std::size_t CutLength(const char* text, std::size_t length, std::size_t limit, std::uint32_t codePage,
+                      IsLeadByte isLeadByte) {
+    if (length <= limit) {
+        return length;
+    }
+    if (codePage == kUtf8CodePage) {
+        while (limit > 0 && (static_cast<unsigned char>(text[limit]) & 0xC0) == 0x80) {
+            --limit;
+        }
+        return limit;
+    }
+    // From the beginning: a byte alone does not tell whether it is the second one of a character.
+    std::size_t cut = 0;
+    while (cut < limit) {
+        const std::size_t end = cut + (isLeadByte(static_cast<unsigned char>(text[cut])) ? 2 : 1);
+        if (end > limit) {
+            break;
+        }
+        cut = end;
+    }
+    return cut;
+}
+
+// Answers with a text: copies it into the buffer, cut as CutLength() does to leave room for the terminator.
+// Writes at most `capacity` bytes.
+template <class IsLeadByte>
+void WriteText(const TextBuffer& buffer, const std::string& text, std::uint32_t codePage,
+               IsLeadByte isLeadByte) {
+    char* const copy = reinterpret_cast<char*>(static_cast<std::uintptr_t>(buffer.text));
+    if (copy == nullptr || buffer.capacity == 0) {
+        return;
+    }
+    const std::size_t length = CutLength(text.data(), text.size(), buffer.capacity - 1, codePage, isLeadByte);
+    std::memcpy(copy, text.data(), length);
+    copy[length] = '\0';
+}
+
+// The text to set. Reads at most `capacity` bytes: what comes from another program need not have an end.
+inline std::string ReadText(const TextBuffer& buffer) {
+    const char* const text = reinterpret_cast<const char*>(static_cast<std::uintptr_t>(buffer.text));
+    if (text == nullptr) {
+        return std::string();
+    }
+    const void* const end = std::memchr(text, '\0', buffer.capacity);
+    return end == nullptr ? std::string(text, buffer.capacity)
+                          : std::string(text, static_cast<const char*>(end));
+}
 
 // Registered by RegisterWindowMessageA under exactly these names.
 namespace message_name {
 // Posted to a window of the host, wParam 0, lParam 0; never answered. Ghosthand watches it leave the
 // queue: let it pass through the message loop like any other message.
-inline constexpr char kSync[] = "MSG_GH_SYNC";
+constexpr char kSync[] = "MSG_GH_SYNC";
 // Sent to a window of the host, wParam 0, lParam 0; the work is done by a hook, the host ignores it.
-inline constexpr char kSendRemotely[] = "MSG_GH_SEND_REMOTELY";
+constexpr char kSendRemotely[] = "MSG_GH_SEND_REMOTELY";
 // Sent to a window, wParam = (state byte << 8) | virtual key, lParam 0; handled by a hook.
-inline constexpr char kSetKeyState[] = "MSG_GH_SET_KEY_STATE";
+constexpr char kSetKeyState[] = "MSG_GH_SET_KEY_STATE";
 // Sent to the main window, wParam 0, lParam 0; handled by a hook.
-inline constexpr char kGetLocale[] = "MSG_GH_GET_LOCALE";
+constexpr char kGetLocale[] = "MSG_GH_GET_LOCALE";
 // Sent to a top-level window: wParam = global atom of a window's name (the sender deletes it),
 // lParam 0. Answer: the HWND that the host gives that name, 0 if none. Names have at most 255 bytes and
 // are compared without regard to case, as atoms are.
-inline constexpr char kGetWindowByName[] = "MSG_HA_GetWindoHWND";
+constexpr char kGetWindowByName[] = "MSG_HA_GetWindoHWND";
 // Sent to a CAD view. wParam 1: answer 1. wParam 0: answer a global atom that holds the camera text
-// (at most 255 bytes); the caller deletes it.
-inline constexpr char kGetViewPosition[] = "MSG_HA_GetViewPosition";
+// (at most 255 bytes, the first of them no '#'); the caller deletes it.
+constexpr char kGetViewPosition[] = "MSG_HA_GetViewPosition";
 // Sent to a CAD view: wParam = global atom of the camera text to adopt (the sender deletes it).
-inline constexpr char kSetViewPosition[] = "MSG_HA_SetViewPosition";
+constexpr char kSetViewPosition[] = "MSG_HA_SetViewPosition";
 // Sent to a grid: wParam = grid::Request.
-inline constexpr char kGrid[] = "MSG_GX_RequestGridInformation";
+constexpr char kGrid[] = "MSG_GX_RequestGridInformation";
 // Sent to an option tree: wParam = option_tree::Request.
-inline constexpr char kOptionTree[] = "MSG_OT_RequestInformation";
+constexpr char kOptionTree[] = "MSG_OT_RequestInformation";
 // Sent to a ribbon customisation widget: wParam = ribbon_widget::Request.
-inline constexpr char kRibbonWidget[] = "MSG_REQUEST_RIB_CUSTOMISATION_WIDGET_DATA";
+constexpr char kRibbonWidget[] = "MSG_REQUEST_RIB_CUSTOMISATION_WIDGET_DATA";
 // Sent to a tool bar, wParam 0, lParam 0: leave the customisation mode.
-inline constexpr char kToolbarCustomizeMode[] = "BCGTOOLBAR_SET_CUSTOMIZE_MODE";
+constexpr char kToolbarCustomizeMode[] = "BCGTOOLBAR_SET_CUSTOMIZE_MODE";
 // Sent to a CAD tree: wParam = cad_tree::Request.
-inline constexpr char kCadTree[] = "hlWM_REQUEST_CAD_TREE_INFORMATION";
+constexpr char kCadTree[] = "hlWM_REQUEST_CAD_TREE_INFORMATION";
 } // namespace message_name
 
 namespace grid {
@@ -76,7 +135,7 @@ struct CellRequest {
     std::int32_t column; // 1-based
     TextBuffer buffer;
 };
-static_assert(sizeof(CellRequest) == 24 && offsetof(CellRequest, buffer) == 8);
+static_assert(sizeof(CellRequest) == 24 && offsetof(CellRequest, buffer) == 8, "layout of the exchange");
 } // namespace grid
 
 namespace option_tree {
@@ -91,12 +150,12 @@ enum Request : std::uint32_t {
     kGetText = 8,  // lParam: TextRequest; write the item's text value ("1" or "0" for a check box)
     kSetText = 9,  // lParam: TextRequest; set the item's text value
 };
-inline constexpr std::intptr_t kCheckBoxKind = 2;
+constexpr std::intptr_t kCheckBoxKind = 2;
 struct TextRequest {
     std::uint64_t item; // opaque identifier that the host chose; 0 means no item
     TextBuffer buffer;
 };
-static_assert(sizeof(TextRequest) == 24 && offsetof(TextRequest, buffer) == 8);
+static_assert(sizeof(TextRequest) == 24 && offsetof(TextRequest, buffer) == 8, "layout of the exchange");
 } // namespace option_tree
 
 namespace cad_tree {
@@ -120,7 +179,7 @@ struct ColorRequest {
     std::int32_t color;     // the host's own colour value
     std::uint32_t reserved; // not initialised by the sender
 };
-static_assert(sizeof(ColorRequest) == 16 && offsetof(ColorRequest, color) == 8);
+static_assert(sizeof(ColorRequest) == 16 && offsetof(ColorRequest, color) == 8, "layout of the exchange");
 } // namespace cad_tree
 
 namespace ribbon_widget {
@@ -145,4 +204,5 @@ enum Message : std::uint32_t {
 };
 } // namespace group_combo
 
-} // namespace ghosthand::host_contract
+} // namespace host_contract
+} // namespace ghosthand

@@ -35,7 +35,7 @@ std::uint64_t WithoutEnd() {
 void Restyle(ghosthand::host_contract::TextBuffer& buffer, Misbehaviour style) {
     switch (style) {
     case Misbehaviour::AnswerByPointer:
-        lastAnswer = TextOf(buffer);
+        lastAnswer = ReadText(buffer);
         AnswerText(buffer, "only the text that the pointer names counts");
         break;
     case Misbehaviour::AnswerTooLong:

@@ -151,7 +151,7 @@ void TakeChecks(HWND tree, HTREEITEM item) {
     }
 }
 
-LRESULT CALLBACK OnMessage(HWND tree, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+LRESULT OnMessage(HWND tree, UINT message, WPARAM wParam, LPARAM lParam, const NextProcedure& next) {
     if (message == kCadTreeRequest)
         return Answer(tree, wParam, lParam);
     switch (message) {
@@ -163,18 +163,15 @@ LRESULT CALLBACK OnMessage(HWND tree, UINT message, WPARAM wParam, LPARAM lParam
         return 0;
     case WM_LBUTTONDOWN:
     case WM_KEYDOWN: {
-        const LRESULT result = DefSubclassProc(tree, message, wParam, lParam);
+        const LRESULT result = next(tree, message, wParam, lParam);
         TakeChecks(tree, TreeView_GetRoot(tree));
         ModelChanged();
         return result;
     }
-    case WM_NCDESTROY:
-        RemoveWindowSubclass(tree, OnMessage, kBehaviourId);
-        break;
     default:
         break;
     }
-    return DefSubclassProc(tree, message, wParam, lParam);
+    return next(tree, message, wParam, lParam);
 }
 
 // Hidden items are grey, others have their part's colour beside the label, starred ones an asterisk.

@@ -17,7 +17,7 @@ void Close(HWND edit, bool commits) {
         DestroyWindow(edit); // a second call, for the lost focus, finds nothing to do
 }
 
-LRESULT CALLBACK OnMessage(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+LRESULT OnMessage(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, const NextProcedure& next) {
     switch (message) {
     case WM_GETDLGCODE:
         return DLGC_WANTALLKEYS;
@@ -30,13 +30,10 @@ LRESULT CALLBACK OnMessage(HWND edit, UINT message, WPARAM wParam, LPARAM lParam
     case WM_KILLFOCUS:
         Close(edit, true);
         return 0;
-    case WM_NCDESTROY:
-        RemoveWindowSubclass(edit, OnMessage, kBehaviourId);
-        break;
     default:
         break;
     }
-    return DefSubclassProc(edit, message, wParam, lParam);
+    return next(edit, message, wParam, lParam);
 }
 
 } // namespace

@@ -22,7 +22,7 @@ HWND AddControl(HWND parent, const ControlSpec& control) {
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(control.id)), Instance(), nullptr);
     SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(DialogFont()), FALSE);
     if (control.behaviour)
-        SetWindowSubclass(window, control.behaviour, kBehaviourId, 0);
+        AddSubclass(window, control.behaviour);
     WatchBelow(parent); // last, so that the watch sees every message first
     return window;
 }

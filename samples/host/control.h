@@ -1,6 +1,8 @@
 // Child windows with the look that all of the sample host shares.
 #pragma once
 
+#include "subclass.h"
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -11,8 +13,6 @@ struct Area {
     int x, y, width, height;
 };
 
-inline constexpr UINT_PTR kBehaviourId = 2;
-
 // In a dialog template the area is in dialog units, elsewhere in pixels.
 struct ControlSpec {
     const char* className;
@@ -22,9 +22,8 @@ struct ControlSpec {
     Area area{};
     int id = 0;
     bool hidden = false;
-    // Gets the messages before the control's own class does, in AddControl only. Its subclass identifier is
-    // kBehaviourId.
-    SUBCLASSPROC behaviour = nullptr;
+    // Gets the messages before the control's own class does, in AddControl only.
+    SubclassProcedure behaviour = nullptr;
 };
 
 // A child of a watched window, in the font of dialogs, watched itself.

@@ -57,7 +57,7 @@ LRESULT AnswerAboutCell(HWND window, WPARAM request, LPARAM lParam) {
         AnswerText(record.buffer, content.Text(cell.row, cell.column));
         return 1;
     case grid::kSetCellText:
-        return SetCell(window, cell, TextOf(record.buffer));
+        return SetCell(window, cell, ReadText(record.buffer));
     default:
         AnswerText(record.buffer, content.IsReadOnly(cell.row, cell.column) ? "1" : "0");
         return 1;

@@ -69,7 +69,7 @@ void LeaveHeading(HWND combo) {
         SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(selected) + 1, 0);
 }
 
-LRESULT CALLBACK OnMessage(HWND combo, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+LRESULT OnMessage(HWND combo, UINT message, WPARAM wParam, LPARAM lParam, const NextProcedure& next) {
     switch (message) {
     case group_combo::kHeadingOfItem:
         return HeadingOf(combo, static_cast<int>(wParam));
@@ -78,25 +78,22 @@ LRESULT CALLBACK OnMessage(HWND combo, UINT message, WPARAM wParam, LPARAM lPara
         if (!lParam || wParam > ghosthand::host_contract::kTextCapacity)
             return kNone;
         return FindByNames(combo, {reinterpret_cast<const char*>(lParam), wParam});
-    case WM_NCDESTROY:
-        RemoveWindowSubclass(combo, OnMessage, kBehaviourId);
-        break;
     case WM_COMMAND: { // of the list, before the parent hears of it
         LeaveHeading(combo);
-        const LRESULT result = DefSubclassProc(combo, message, wParam, lParam);
+        const LRESULT result = next(combo, message, wParam, lParam);
         LeaveHeading(combo);
         return result;
     }
     case WM_KEYDOWN:
     case WM_MOUSEWHEEL: {
-        const LRESULT result = DefSubclassProc(combo, message, wParam, lParam);
+        const LRESULT result = next(combo, message, wParam, lParam);
         LeaveHeading(combo);
         return result;
     }
     default:
         break;
     }
-    return DefSubclassProc(combo, message, wParam, lParam);
+    return next(combo, message, wParam, lParam);
 }
 
 } // namespace

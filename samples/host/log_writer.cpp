@@ -1,7 +1,6 @@
 #include "log_writer.h"
 
 #include "contract_requests.h"
-#include "host_text.h"
 #include "message_names.h"
 #include "watch.h"
 
@@ -17,7 +16,7 @@ std::string DescribeRequest(const MSG& message) {
         description += digits;
     }
     if (const auto* buffer = TextBufferOf(message))
-        (description += ' ') += TextOf(*buffer);
+        (description += ' ') += ReadText(*buffer);
     return description;
 }
 

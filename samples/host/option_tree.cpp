@@ -83,7 +83,7 @@ LRESULT AnswerTextRequest(HWND window, WPARAM request, LPARAM lParam) {
     if (!node)
         return 0;
     if (request == option_tree::kSetText)
-        return SetValue(window, *node, TextOf(record.buffer));
+        return SetValue(window, *node, ReadText(record.buffer));
     AnswerText(record.buffer, request == option_tree::kLabel ? node->option.label : node->option.value);
     return 1;
 }

@@ -48,7 +48,7 @@ LRESULT Answer(HWND window, WPARAM request, LPARAM lParam) {
         AnswerText(*buffer, widget.forms[widget.selected]);
         return 1;
     case ribbon_widget::kSetSelected:
-        return SelectByName(window, TextOf(*buffer));
+        return SelectByName(window, ReadText(*buffer));
     default:
         return 0; // a request that a later version may know
     }
@@ -77,7 +77,7 @@ void Paint(HWND window) {
     EndPaint(window, &painting);
 }
 
-LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const NextProcedure& next) {
     if (message == kRibbonRequest)
         return Answer(window, wParam, lParam);
     switch (message) {
@@ -91,12 +91,11 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         return 0;
     case WM_NCDESTROY:
         widgets.erase(window);
-        RemoveWindowSubclass(window, OnMessage, kBehaviourId);
         break;
     default:
         break;
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return next(window, message, wParam, lParam);
 }
 
 } // namespace

@@ -3,15 +3,13 @@
 #include "answer_style.h"
 #include "log_writer.h"
 #include "message_names.h"
+#include "subclass.h"
 
 #include <algorithm>
-#include <commctrl.h>
 #include <map>
 
 namespace sample_host {
 namespace {
-
-constexpr UINT_PTR kSubclassId = 1;
 
 std::map<HWND, std::string> names;
 std::vector<MisbehaviourOrder> ordersForControls;
@@ -33,7 +31,7 @@ LRESULT AnswerWindowByName(WPARAM atom) {
     return reinterpret_cast<LRESULT>(FindWatched(name));
 }
 
-LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const NextProcedure& next) {
     const MSG received{window, message, wParam, lParam, 0, {}};
     if (!TakeDispatched(received) && IsLoggedWhenSent(message))
         Log().Write(Delivery::Sent, received);
@@ -47,7 +45,6 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     if (message == WM_NCDESTROY) {
         names.erase(window);
         ForgetMisbehaviour(window);
-        RemoveWindowSubclass(window, OnMessage, kSubclassId);
     } else {
         MisbehaveBefore(received);
         if (!IsWindow(window))
@@ -55,7 +52,7 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     }
     return AnswerInStyle(received, [&] {
         return message == Messages().getWindowByName ? AnswerWindowByName(wParam)
-                                                     : DefSubclassProc(window, message, wParam, lParam);
+                                                     : next(window, message, wParam, lParam);
     });
 }
 
@@ -88,7 +85,7 @@ BOOL CALLBACK WatchDescendant(HWND window, LPARAM parameter) {
 
 void Watch(HWND window, const std::string& name) {
     names[window] = name;
-    SetWindowSubclass(window, OnMessage, kSubclassId, 0);
+    AddSubclass(window, OnMessage);
     const int id = ControlIdOf(window);
     const auto isMeant = [&](const MisbehaviourOrder& order) { return id != 0 && order.controlId == id; };
     for (const MisbehaviourOrder& order : ordersForControls)

@@ -103,7 +103,7 @@ void FillParts(HWND tree) {
         Add(tree, texts, std::to_string(length) + std::string(length - 4, 'x'));
 }
 
-HWND AddTree(HWND page, int id, DWORD style, const Area& area, SUBCLASSPROC behaviour = nullptr) {
+HWND AddTree(HWND page, int id, DWORD style, const Area& area, SubclassProcedure behaviour = nullptr) {
     return AddControl(page, {.className = WC_TREEVIEWA,
                              .style = TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS | TVS_SHOWSELALWAYS |
                                       WS_BORDER | WS_TABSTOP | style,
@@ -150,9 +150,8 @@ void AddLazyChildren(HWND tree, HTREEITEM parent) {
 }
 
 // An item that the program removes as soon as it has been expanded.
-LRESULT CALLBACK RemoveExpandedItem(HWND tree, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                    DWORD_PTR) {
-    const LRESULT result = DefSubclassProc(tree, message, wParam, lParam);
+LRESULT RemoveExpandedItem(HWND tree, UINT message, WPARAM wParam, LPARAM lParam, const NextProcedure& next) {
+    const LRESULT result = next(tree, message, wParam, lParam);
     const auto item = reinterpret_cast<HTREEITEM>(lParam);
     if (message == TVM_EXPAND && TextOf(tree, item) == "Vanishing")
         SendMessageA(tree, TVM_DELETEITEM, 0, lParam);
