@@ -7,6 +7,17 @@
 #include <cstdlib>
 
 namespace sample_host {
+namespace {
+
+DPI_AWARENESS_CONTEXT ParseDpiAwareness(const std::string& name) {
+    if (name == "unaware")
+        return DPI_AWARENESS_CONTEXT_UNAWARE;
+    if (name == "system")
+        return DPI_AWARENESS_CONTEXT_SYSTEM_AWARE;
+    return name == "per-monitor" ? DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE : nullptr;
+}
+
+} // namespace
 
 std::optional<Options> ParseCommandLine(int count, char** arguments, std::string& error) {
     Options options;
@@ -42,6 +53,12 @@ std::optional<Options> ParseCommandLine(int count, char** arguments, std::string
             options.frameClass = value;
         } else if (option == "--many-children") {
             options.manyChildren = std::atoi(value.c_str());
+        } else if (option == "--dpi") {
+            options.dpiAwareness = ParseDpiAwareness(value);
+            if (!options.dpiAwareness) {
+                error = "--dpi " + value + ": no such awareness";
+                return std::nullopt;
+            }
         } else if (option == "--misbehave") {
             const auto order = ParseMisbehaviour(value);
             if (!order) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <vector>
+#include <windows.h>
 
 namespace sample_host {
 
@@ -22,7 +23,9 @@ inline constexpr char kUsage[] =
     "                       with the script's exit code\n"
     "  --output FILE        also writes the script's output to FILE\n"
     "  --keep-open          goes on when the script has ended\n"
-    "  --maximized          maximises the main window\n";
+    "  --maximized          maximises the main window\n"
+    "  --dpi unaware|system|per-monitor\n"
+    "                       its DPI awareness; its layout is the same number of pixels in each\n";
 
 struct Options {
     std::vector<std::string> pages;
@@ -32,6 +35,7 @@ struct Options {
     std::string frameClass;
     ScriptOptions script; // without a file: none
     bool maximized = false;
+    DPI_AWARENESS_CONTEXT dpiAwareness = nullptr; // null: what the system gives it
 };
 
 // No value, and a line for the user in `error`, when the arguments make no sense.

@@ -39,7 +39,16 @@ int Fail(const std::string& error) {
     return kBadCommandLine;
 }
 
+// Before the first window is made, which keeps the awareness that its thread has then. Wine gives a thread
+// the whole of it only when the thread itself asks.
+void SetDpiAwareness(DPI_AWARENESS_CONTEXT awareness) {
+    SetProcessDpiAwarenessContext(awareness);
+    SetThreadDpiAwarenessContext(awareness);
+}
+
 int Run(const Options& options) {
+    if (options.dpiAwareness)
+        SetDpiAwareness(options.dpiAwareness);
     if (!options.logFile.empty() && !Log().OpenFile(options.logFile))
         return Fail(options.logFile + ": cannot be written");
 

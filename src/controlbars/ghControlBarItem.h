@@ -9,8 +9,6 @@ class ghControlBar;
 
 class ghControlBarItem {
 public:
-    // The window of the menu or bar that it belongs to.
-    virtual HWND Window() const noexcept = 0;
     virtual bool IsValid() const = 0;
     virtual bool IsAvailable() const = 0;
     virtual bool Enabled() const = 0;
@@ -26,4 +24,6 @@ public:
     virtual int EnabledTimeout() const = 0;
     virtual void SetEnabledTimeout(int seconds) = 0;
     virtual ~ghControlBarItem() = default;
+    // That of the menu or bar that it belongs to.
+    virtual HWND Window() const noexcept = 0;
 };

@@ -14,7 +14,6 @@ public:
 
     int Position() const noexcept { return m_position; }
 
-    HWND Window() const noexcept override { return m_menu.Window(); }
     bool IsValid() const override;
     bool IsAvailable() const override { return true; }
     // An item that cannot be read is neither enabled nor checked.
@@ -31,6 +30,7 @@ public:
     std::unique_ptr<ghControlBar> Expand() override;
     int EnabledTimeout() const override { return m_menu.EnabledTimeout(); }
     void SetEnabledTimeout(int seconds) override { m_menu.SetEnabledTimeout(seconds); }
+    HWND Window() const noexcept override { return m_menu.Window(); }
 
 private:
     bool HasState(UINT state) const;

@@ -14,7 +14,6 @@ public:
 
     int Index() const noexcept { return m_index; }
 
-    HWND Window() const noexcept override { return m_toolbar.Window(); }
     bool IsValid() const override;
     bool IsAvailable() const override { return true; }
     // A button that cannot be read is neither enabled nor checked, checkable or with sub-items.
@@ -28,6 +27,7 @@ public:
     std::unique_ptr<ghControlBar> Expand() override;
     int EnabledTimeout() const override { return m_toolbar.EnabledTimeout(); }
     void SetEnabledTimeout(int seconds) override { m_toolbar.SetEnabledTimeout(seconds); }
+    HWND Window() const noexcept override { return m_toolbar.Window(); }
 
 protected:
     const ghToolbar& Toolbar() const noexcept { return m_toolbar; }

@@ -70,6 +70,20 @@ session_start_display() {
     export DISPLAY=:$number
 }
 
+# session_scale_display DPI: to programs that start from now on the display has that many dots per inch, and
+# they see it as their DPI awareness has it. What runs in the session ends.
+session_scale_display() {
+    local setting
+    # Without DpiScalingVer, Wine takes every program for one that is aware of each monitor's scale.
+    for setting in "LogPixels $1" "DpiScalingVer 4096"; do
+        timeout 60 wine reg add 'HKCU\Control Panel\Desktop' /f /t REG_DWORD \
+            /v "${setting% *}" /d "${setting#* }" >/dev/null 2>&1 </dev/null ||
+            fail "The display could not be scaled." "Is there disk space left?"
+    done
+    timeout 30 wineserver -k || true
+    timeout 30 wineserver -w || true
+}
+
 # A prefix takes ten seconds to make and one to copy: each version of Wine gets a template.
 session_copy_template() {
     local template
