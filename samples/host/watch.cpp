@@ -3,6 +3,7 @@
 #include "answer_style.h"
 #include "log_writer.h"
 #include "message_names.h"
+#include "self_report.h"
 
 #include <algorithm>
 #include <commctrl.h>
@@ -27,6 +28,11 @@ bool TakeDispatched(const MSG& message) {
     return same;
 }
 
+void Record(Delivery delivery, const MSG& message) {
+    Log().Write(delivery, message);
+    MisbehaveInMessage(message);
+}
+
 LRESULT AnswerWindowByName(WPARAM atom) {
     char name[256] = "";
     GlobalGetAtomNameA(static_cast<ATOM>(atom), name, sizeof name);
@@ -36,7 +42,7 @@ LRESULT AnswerWindowByName(WPARAM atom) {
 LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
     const MSG received{window, message, wParam, lParam, 0, {}};
     if (!TakeDispatched(received) && IsLoggedWhenSent(message))
-        Log().Write(Delivery::Sent, received);
+        Record(Delivery::Sent, received);
 
     if (message == Messages().clearLog) {
         Log().Clear();
@@ -44,12 +50,15 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     }
     if (message == Messages().misbehave)
         return Misbehave(window, static_cast<Misbehaviour>(wParam), lParam);
+    if (message == Messages().ask)
+        return Answer(static_cast<Question>(wParam));
     if (message == WM_NCDESTROY) {
         names.erase(window);
         ForgetMisbehaviour(window);
         RemoveWindowSubclass(window, OnMessage, kSubclassId);
     } else {
         MisbehaveBefore(received);
+        PumpBeforeAnswer(received);
         if (!IsWindow(window))
             return 0;
     }
@@ -63,7 +72,7 @@ LRESULT CALLBACK OnQueue(int code, WPARAM removed, LPARAM lParam) {
     const MSG& message = *reinterpret_cast<const MSG*>(lParam);
     if (code >= 0 && removed == PM_REMOVE && message.hwnd) {
         if (IsLoggedWhenPosted(message.message))
-            Log().Write(Delivery::Posted, message);
+            Record(Delivery::Posted, message);
         inDispatch = message;
     }
     return CallNextHookEx(nullptr, code, removed, lParam);
