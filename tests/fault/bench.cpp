@@ -1,0 +1,97 @@
+#include "fault/bench.h"
+
+#include <cstdio>
+
+#include <tlhelp32.h>
+
+namespace fault_tests {
+
+namespace {
+
+using sample_host::Question;
+
+constexpr DWORD kStepMilliseconds = 30000;
+constexpr std::size_t kHandleTolerance = 8;
+
+// Where an instruction of another process lies.
+std::string Place(DWORD processId, LRESULT address) {
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, processId);
+    MODULEENTRY32 module = {};
+    module.dwSize = sizeof module;
+    std::string place = "no module";
+    for (BOOL more = Module32First(snapshot, &module); more; more = Module32Next(snapshot, &module)) {
+        const LRESULT offset = address - reinterpret_cast<LRESULT>(module.modBaseAddr);
+        if (offset >= 0 && offset < static_cast<LRESULT>(module.modBaseSize)) {
+            char text[32];
+            std::snprintf(text, sizeof text, "+0x%llX", static_cast<unsigned long long>(offset));
+            place = module.szModule + std::string(text);
+        }
+    }
+    CloseHandle(snapshot);
+    return place;
+}
+
+} // namespace
+
+std::string Bench::TryStep(const Step& step) {
+    try {
+        if (m_program && (m_program->HasEnded() || m_program->Name() != step.program))
+            m_program.reset();
+        if (!m_program)
+            m_program = std::make_unique<DrivenProgram>(step.program);
+        if (!m_script || m_script->HasEnded())
+            m_script = std::make_unique<ScriptProcess>();
+    } catch (const std::exception& error) {
+        m_program.reset();
+        return error.what();
+    }
+    const std::string result = m_script->Run(SetupOf(step) + "; " + step.lines, kStepMilliseconds);
+    return Mismatch(step, result);
+}
+
+void Bench::RememberState() {
+    m_atoms = GlobalAtoms();
+    m_programId = m_program->ProcessId();
+    m_programHandles = ResourcesOf(m_program->Process()).handles;
+    m_scriptId = m_script->ProcessId();
+    m_scriptHandles = ResourcesOf(m_script->Process()).handles;
+    m_violations = m_program->IsSampleHost() ? m_program->Ask(Question::AccessViolations) : 0;
+}
+
+std::vector<std::string> Bench::Leftovers() {
+    std::vector<std::string> left;
+    for (const std::string& hook : m_section.HooksRecorded())
+        left.push_back(hook + " is recorded");
+    if (m_section.HasHookAtWork(m_program->Frame()))
+        left.push_back("a hook is at work");
+    for (const std::string& atom : TakeNewAtoms(m_atoms))
+        left.push_back("the atom \"" + atom + "\"");
+    if (TakePressedButton())
+        left.push_back("a mouse button is down");
+    m_script->Run("ghosthand.UnblockMouse()", kStepMilliseconds);
+    if (!IsMouseFree())
+        left.push_back("the mouse is blocked");
+    if (m_program->IsSampleHost() && m_program->Ask(Question::HeldKeys) != 0)
+        left.push_back("held keys " + std::to_string(m_program->Ask(Question::HeldKeys)));
+    const auto grown = [&](const char* whose, HANDLE process, DWORD& id, std::size_t& before) {
+        const std::size_t now = ResourcesOf(process).handles;
+        if (GetProcessId(process) == id && now > before + kHandleTolerance)
+            left.push_back(std::to_string(now - before) + " more handles in the " + whose);
+        if (GetProcessId(process) != id || now > before + kHandleTolerance)
+            before = now; // a fresh process, or told once
+        id = GetProcessId(process);
+    };
+    const bool isFresh = m_program->ProcessId() != m_programId;
+    grown("program", m_program->Process(), m_programId, m_programHandles);
+    grown("script", m_script->Process(), m_scriptId, m_scriptHandles);
+    if (m_program->IsSampleHost()) {
+        const LRESULT violations = m_program->Ask(Question::AccessViolations);
+        if (violations > (isFresh ? 0 : m_violations))
+            left.push_back("access violation at " +
+                           Place(m_program->ProcessId(), m_program->Ask(Question::LastViolation)));
+        m_violations = violations;
+    }
+    return left;
+}
+
+} // namespace fault_tests

@@ -1,0 +1,47 @@
+// One program, one script and the desktop between them.
+#pragma once
+
+#include "fault/driven_program.h"
+#include "fault/module_section.h"
+#include "fault/resources.h"
+#include "fault/script_process.h"
+#include "fault/steps.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace fault_tests {
+
+class Bench {
+public:
+    ModuleSection& Section() { return m_section; }
+    DrivenProgram& Program() { return *m_program; }
+    ScriptProcess& Script() { return *m_script; }
+    void DropProgram() { m_program.reset(); }
+    void DropScript() { m_script.reset(); }
+
+    // Has a script do the step without any fault; program and script that are missing are started. What it
+    // does otherwise than expected; empty if it works.
+    std::string TryStep(const Step& step);
+
+    // Keeps what the desktop and the processes hold now.
+    void RememberState();
+
+    // What there is beyond that, in plain words: hooks, atoms, pressed buttons and keys, a blocked mouse,
+    // kernel handles, access violations. Each is told once.
+    std::vector<std::string> Leftovers();
+
+private:
+    ModuleSection m_section;
+    std::unique_ptr<DrivenProgram> m_program;
+    std::unique_ptr<ScriptProcess> m_script;
+    std::vector<GlobalAtom> m_atoms;
+    DWORD m_programId = 0; // whose handles are counted
+    std::size_t m_programHandles = 0;
+    DWORD m_scriptId = 0;
+    std::size_t m_scriptHandles = 0;
+    LRESULT m_violations = 0;
+};
+
+} // namespace fault_tests
