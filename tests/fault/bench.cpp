@@ -10,7 +10,7 @@ namespace {
 
 using sample_host::Question;
 
-constexpr DWORD kStepMilliseconds = 30000;
+constexpr DWORD kCallMilliseconds = 10000;
 constexpr std::size_t kHandleTolerance = 8;
 
 // Where an instruction of another process lies.
@@ -33,7 +33,7 @@ std::string Place(DWORD processId, LRESULT address) {
 
 } // namespace
 
-std::string Bench::TryStep(const Step& step) {
+std::string Bench::TryStep(const Step& step, DWORD milliseconds) {
     try {
         if (m_program && (m_program->HasEnded() || m_program->Name() != step.program))
             m_program.reset();
@@ -45,7 +45,7 @@ std::string Bench::TryStep(const Step& step) {
         m_program.reset();
         return error.what();
     }
-    const std::string result = m_script->Run(SetupOf(step) + "; " + step.lines, kStepMilliseconds);
+    const std::string result = m_script->Run(SetupOf(step) + "; " + step.lines, milliseconds);
     return Mismatch(step, result);
 }
 
@@ -55,20 +55,20 @@ void Bench::RememberState() {
     m_programHandles = ResourcesOf(m_program->Process()).handles;
     m_scriptId = m_script->ProcessId();
     m_scriptHandles = ResourcesOf(m_script->Process()).handles;
-    m_violations = m_program->IsSampleHost() ? m_program->Ask(Question::AccessViolations) : 0;
+    NewViolation();
 }
 
 std::vector<std::string> Bench::Leftovers() {
     std::vector<std::string> left;
     for (const std::string& hook : m_section.HooksRecorded())
         left.push_back(hook + " is recorded");
-    if (m_section.HasHookAtWork(m_program->Frame()))
-        left.push_back("a hook is at work");
+    if (const std::string changed = m_section.HookAtWork(m_program->Frame()); !changed.empty())
+        left.push_back("a hook that changes " + changed);
     for (const std::string& atom : TakeNewAtoms(m_atoms))
         left.push_back("the atom \"" + atom + "\"");
     if (TakePressedButton())
         left.push_back("a mouse button is down");
-    m_script->Run("ghosthand.UnblockMouse()", kStepMilliseconds);
+    m_script->Run("ghosthand.UnblockMouse()", kCallMilliseconds);
     if (!IsMouseFree())
         left.push_back("the mouse is blocked");
     if (m_program->IsSampleHost() && m_program->Ask(Question::HeldKeys) != 0)
@@ -81,17 +81,21 @@ std::vector<std::string> Bench::Leftovers() {
             before = now; // a fresh process, or told once
         id = GetProcessId(process);
     };
-    const bool isFresh = m_program->ProcessId() != m_programId;
     grown("program", m_program->Process(), m_programId, m_programHandles);
     grown("script", m_script->Process(), m_scriptId, m_scriptHandles);
-    if (m_program->IsSampleHost()) {
-        const LRESULT violations = m_program->Ask(Question::AccessViolations);
-        if (violations > (isFresh ? 0 : m_violations))
-            left.push_back("access violation at " +
-                           Place(m_program->ProcessId(), m_program->Ask(Question::LastViolation)));
-        m_violations = violations;
-    }
+    if (const std::string place = NewViolation(); !place.empty())
+        left.push_back("access violation at " + place);
     return left;
+}
+
+std::string Bench::NewViolation() {
+    if (!m_program->IsSampleHost())
+        return "";
+    const LRESULT count = m_program->Ask(Question::AccessViolations);
+    const bool isNew = count > (m_program->ProcessId() == m_violatedId ? m_violations : 0);
+    m_violatedId = m_program->ProcessId();
+    m_violations = count;
+    return isNew ? Place(m_violatedId, m_program->Ask(Question::LastViolation)) : "";
 }
 
 } // namespace fault_tests

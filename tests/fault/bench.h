@@ -23,7 +23,7 @@ public:
 
     // Has a script do the step without any fault; program and script that are missing are started. What it
     // does otherwise than expected; empty if it works.
-    std::string TryStep(const Step& step);
+    std::string TryStep(const Step& step, DWORD milliseconds = 30000);
 
     // Keeps what the desktop and the processes hold now.
     void RememberState();
@@ -31,6 +31,9 @@ public:
     // What there is beyond that, in plain words: hooks, atoms, pressed buttons and keys, a blocked mouse,
     // kernel handles, access violations. Each is told once.
     std::vector<std::string> Leftovers();
+
+    // Where there was an access violation in the sample host since the last time; empty if nowhere.
+    std::string NewViolation();
 
 private:
     ModuleSection m_section;
@@ -41,6 +44,7 @@ private:
     std::size_t m_programHandles = 0;
     DWORD m_scriptId = 0;
     std::size_t m_scriptHandles = 0;
+    DWORD m_violatedId = 0;
     LRESULT m_violations = 0;
 };
 

@@ -30,6 +30,14 @@ HWND MainWindowOf(DWORD threadId) {
     return found;
 }
 
+// Most programs of the system are found by their names.
+std::string CommandLineOf(const std::string& name) {
+    std::string line = name + ".exe";
+    if (name == "wordpad")
+        line.insert(0, "\"C:\\Program Files\\Windows NT\\Accessories\\").append("\"");
+    return line;
+}
+
 void CallSystem(const char* function, HANDLE process) {
     using Function = LONG(WINAPI*)(HANDLE);
     const auto found = reinterpret_cast<Function>(GetProcAddress(GetModuleHandleA("ntdll.dll"), function));
@@ -49,7 +57,7 @@ DrivenProgram::DrivenProgram(const std::string& name) : m_name(name) {
         m_sampleHost->WaitForWindow("Check boxes"); // the last page
         return;
     }
-    m_program = std::make_unique<support::Program>(name + ".exe");
+    m_program = std::make_unique<support::Program>(CommandLineOf(name));
     m_process = m_program->Process();
     support::Eventually([this] { return (m_frame = MainWindowOf(m_program->MainThreadId())) != nullptr; });
     if (m_frame == nullptr || !Answers())
@@ -79,6 +87,10 @@ void DrivenProgram::Suspend() const {
 
 void DrivenProgram::Resume() const {
     CallSystem("NtResumeProcess", m_process);
+}
+
+void DrivenProgram::ClearLog() const {
+    Send(m_frame, RegisterWindowMessageA(sample_host::kClearLogMessage), 0, 0);
 }
 
 HWND DrivenProgram::Window(const std::string& name) const {

@@ -34,6 +34,7 @@ public:
     // Of the sample host only.
     bool IsSampleHost() const { return m_sampleHost != nullptr; }
     const sample_host::LogReader& Log() const { return m_sampleHost->Log(); }
+    void ClearLog() const;
     HWND Window(const std::string& name) const; // null if there is none
     LRESULT Ask(sample_host::Question question) const;
     // The next such misbehaviour sets Reached().

@@ -149,7 +149,7 @@ private:
         if (error.empty()) {
             m_bench.Script().Run(SetupOf(step), kHangMilliseconds);
             if (m_bench.Program().IsSampleHost())
-                sample_host::LogReader::Clear(m_bench.Program().Frame());
+                m_bench.Program().ClearLog();
             const ULONGLONG start = GetTickCount64();
             m_bench.Script().Run(step.lines, kHangMilliseconds);
             Extent& extent = m_extents[&step];
@@ -214,7 +214,7 @@ private:
         script.Run(SetupOf(step), kHangMilliseconds);
         const HWND window = ordinal != 0 ? program.Window(step.window) : nullptr;
         if (ordinal != 0) {
-            sample_host::LogReader::Clear(program.Frame());
+            program.ClearLog();
             program.Misbehave(window, fault.how, sample_host::AtMessage(0, ordinal));
         }
         script.Start(step.lines);

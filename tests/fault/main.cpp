@@ -1,6 +1,8 @@
 // fault_test faults|hostile|actions [--short] [--times N] [--minutes M] [--actions N] [--seed S]
 //              [--only STEP] [--output FILE]
+#include "fault/action_soak.h"
 #include "fault/fault_cases.h"
+#include "fault/hostile_section.h"
 #include "fault/script_process.h"
 #include "support/job.h"
 
@@ -17,7 +19,8 @@ struct Mode {
     const char* name;
     void (*run)(const Options& options, Report& report);
 };
-constexpr Mode kModes[] = {{"faults", RunFaultCases}};
+constexpr Mode kModes[] = {
+    {"faults", RunFaultCases}, {"hostile", RunHostileSection}, {"actions", RunActions}};
 
 bool Parse(int argc, char** argv, Options& options) {
     for (int index = 2; index < argc; ++index) {

@@ -48,12 +48,11 @@ std::vector<std::string> ModuleSection::HooksRecorded() const {
     return names;
 }
 
-bool ModuleSection::HasHookAtWork(HWND window) const {
+std::string ModuleSection::HookAtWork(HWND window) const {
     constexpr std::uint64_t kMark = 0x7FFFFFF1; // no hook's handle
-    constexpr std::uint32_t kUntouched = 0;
     m_data->remoteHook = kMark;
     m_data->foregroundHook = kMark;
-    m_data->syncSeen = kUntouched;
+    m_data->syncSeen = 0;
     DWORD_PTR answer = 0;
     const auto send = [&](UINT message) {
         SendMessageTimeoutA(window, message, 0, 0, SMTO_NORMAL, 5000, &answer);
@@ -63,12 +62,14 @@ bool ModuleSection::HasHookAtWork(HWND window) const {
     PostMessageA(window, Registered("MSG_GH_SYNC"), 0, 0);
     Sleep(50);
     send(WM_NULL);
-    const bool untouched =
-        m_data->remoteHook == kMark && m_data->foregroundHook == kMark && m_data->syncSeen == kUntouched;
+    std::string changed;
+    changed += m_data->remoteHook != kMark ? "remoteHook " : "";
+    changed += m_data->foregroundHook != kMark ? "foregroundHook " : "";
+    changed += m_data->syncSeen != 0 ? "syncSeen " : "";
     m_data->remoteHook = 0;
     m_data->foregroundHook = 0;
     m_data->syncSeen = 1;
-    return !untouched;
+    return changed;
 }
 
 } // namespace fault_tests

@@ -29,9 +29,9 @@ public:
     // design.
     std::vector<std::string> HooksRecorded() const;
 
-    // Whether a hook of the host link is still at work in the thread of that window: it would react to a
-    // message that nobody waits for.
-    bool HasHookAtWork(HWND window) const;
+    // What a hook of the host link that is still at work in the thread of that window changes; empty if there
+    // is none: it reacts to a message that nobody waits for.
+    std::string HookAtWork(HWND window) const;
 
 private:
     support::BuiltModule m_module;

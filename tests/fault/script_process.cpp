@@ -99,6 +99,7 @@ int RunScriptProcess(const std::string& name) {
             channel->callBegan = GetTickCount64();
             return;
         }
+        ++channel->calls;
         const auto took = static_cast<std::uint32_t>(GetTickCount64() - channel->callBegan.exchange(0));
         if (took >= channel->longestCall) {
             channel->longestCall = took;

@@ -16,6 +16,7 @@ struct ScriptChannel {
     char result[512];
     std::atomic<std::uint64_t> callBegan; // tick count in ms; 0 between calls
     char member[64];                      // of the call under way, or of the last one
+    std::uint32_t calls;                  // since the process began
     std::uint32_t longestCall;            // of these lines, in ms
     char longestMember[64];
 };
