@@ -2,6 +2,7 @@
 
 #include "fault/bench.h"
 
+#include <algorithm>
 #include <array>
 #include <random>
 
@@ -115,6 +116,8 @@ private:
         std::vector<std::vector<std::string>> rows = {
             {"", "of", "start", "after warm-up", "middle", "end", "tolerance"}};
         const auto row = [&](const char* name, const std::string& whose, std::size_t tolerance, auto value) {
+            if (std::ranges::all_of(samples, [&](const Sample& sample) { return value(sample) == 0; }))
+                return; // nothing of the kind, or the system does not tell
             rows.push_back({name, whose});
             for (const Sample& sample : samples)
                 rows.back().push_back(std::to_string(value(sample)));

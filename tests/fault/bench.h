@@ -18,6 +18,7 @@ public:
     ModuleSection& Section() { return m_section; }
     DrivenProgram& Program() { return *m_program; }
     ScriptProcess& Script() { return *m_script; }
+    bool IsReady() const { return m_program && m_script && !m_program->HasEnded() && !m_script->HasEnded(); }
     void DropProgram() { m_program.reset(); }
     void DropScript() { m_script.reset(); }
 
@@ -30,7 +31,7 @@ public:
 
     // What there is beyond that, in plain words: hooks, atoms, pressed buttons and keys, a blocked mouse,
     // kernel handles, access violations. Each is told once.
-    std::vector<std::string> Leftovers();
+    std::vector<std::string> Leftovers(bool scriptWasEnded = false);
 
     // Where there was an access violation in the sample host since the last time; empty if nowhere.
     std::string NewViolation();

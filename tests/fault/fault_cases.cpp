@@ -186,6 +186,12 @@ private:
     }
 
     void RunCase(const Step& step, const Fault& fault) {
+        if (!m_bench.IsReady())
+            m_bench.TryStep(step);
+        if (!m_bench.IsReady()) {
+            m_report.Fail(std::string(step.name) + ": neither program nor script can be started");
+            return;
+        }
         const Extent& extent = m_extents[&step];
         const bool isInside = m_bench.Program().IsSampleHost() && extent.messages > 0 &&
                               (m_options.isShort || fault.onlyInside || Random(4) != 0);
@@ -306,8 +312,10 @@ private:
                 return;
             }
         }
-        for (const std::string& left : m_bench.Leftovers())
+        for (const std::string& left : m_bench.Leftovers(fault.endsScript))
             m_problems.push_back("left behind: " + left);
+        if (fault.endsScript)
+            m_bench.DropProgram(); // the next case starts without anything of that script
     }
 
     void RunRudeness() {

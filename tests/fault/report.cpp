@@ -2,18 +2,18 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
 
 namespace fault_tests {
+
+Report::Report(const std::string& fileName) {
+    if (!fileName.empty())
+        m_file.open(fileName);
+}
 
 void Report::Progress(const std::string& line) {
     std::printf("%s\n", line.c_str());
     std::fflush(stdout);
-}
-
-void Report::Print(const std::string& line) {
-    Progress(line);
-    m_text += line + "\n";
+    m_file << line << std::endl;
 }
 
 void Report::Fail(const std::string& line) {
@@ -28,7 +28,7 @@ void Report::Table(const std::string& title, const std::vector<std::vector<std::
         for (std::size_t column = 0; column < row.size(); ++column)
             widths[column] = std::max(widths[column], row[column].size());
     }
-    Print(std::string("\n").append(title));
+    Progress(std::string("\n").append(title));
     for (const auto& row : rows) {
         std::string line;
         for (std::size_t column = 0; column < row.size(); ++column) {
@@ -37,18 +37,16 @@ void Report::Table(const std::string& title, const std::vector<std::vector<std::
             if (column + 1 < row.size())
                 line.append(widths[column] - row[column].size(), ' ');
         }
-        Print(line.substr(0, line.find_last_not_of(' ') + 1));
+        Progress(line.substr(0, line.find_last_not_of(' ') + 1));
     }
 }
 
 int Report::Finish(const std::string& advice) {
-    Print(std::string("\n").append(std::to_string(m_failures.size())).append(" failures"));
+    Progress(std::string("\n").append(std::to_string(m_failures.size())).append(" failures"));
     for (const std::string& failure : m_failures)
-        Print(std::string("  ").append(failure));
+        Progress(std::string("  ").append(failure));
     if (!m_failures.empty())
-        Print(std::string("\n").append(advice));
-    if (!m_fileName.empty())
-        std::ofstream(m_fileName) << m_text;
+        Progress(std::string("\n").append(advice));
     return m_failures.empty() ? 0 : 1;
 }
 

@@ -1,6 +1,7 @@
-// What a run says: progress while it goes, tables and failures at its end, on the console and in a file.
+// What a run says on the console and in a file: progress while it goes, tables and failures at its end.
 #pragma once
 
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,7 @@ namespace fault_tests {
 class Report {
 public:
     // Without a file name there is no file.
-    explicit Report(const std::string& fileName) : m_fileName(fileName) {}
+    explicit Report(const std::string& fileName);
 
     void Progress(const std::string& line);
     // At once, and once more at the end.
@@ -19,14 +20,11 @@ public:
     // The first row is the heading.
     void Table(const std::string& title, const std::vector<std::vector<std::string>>& rows);
 
-    // Prints what went wrong and writes the file. Returns the exit code.
+    // Prints what went wrong. Returns the exit code.
     int Finish(const std::string& advice);
 
 private:
-    void Print(const std::string& line);
-
-    std::string m_fileName;
-    std::string m_text;
+    std::ofstream m_file;
     std::vector<std::string> m_failures;
 };
 

@@ -137,6 +137,7 @@ std::string Mismatch(const Step& step, const std::string& result) {
 }
 
 void Settle(const DrivenProgram& program) {
+    Sleep(GetDoubleClickTime()); // the next click is no second one
     for (int level = 0; level < 3; ++level) {
         PostMessageA(program.Frame(), WM_KEYDOWN, VK_ESCAPE, 1);
         PostMessageA(program.Frame(), WM_KEYUP, VK_ESCAPE, 1);
