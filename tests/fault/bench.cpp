@@ -67,9 +67,11 @@ std::vector<std::string> Bench::Leftovers(bool scriptWasEnded) {
     std::vector<std::string> left;
     for (const std::string& hook : m_section.HooksRecorded())
         left.push_back(hook + " is recorded");
-    const bool isKept = scriptWasEnded && KeepsHooksOfTheDead();
-    if (const std::string changed = m_section.HookAtWork(m_program->Frame()); !changed.empty() && !isKept)
-        left.push_back("a hook that changes " + changed);
+    if (scriptWasEnded && KeepsHooksOfTheDead())
+        m_hookedId = m_program->ProcessId();
+    if (m_program->ProcessId() != m_hookedId)
+        if (const std::string changed = m_section.HookAtWork(m_program->Frame()); !changed.empty())
+            left.push_back("a hook that changes " + changed);
     // Nobody can take back what a process held of the atom table when it was ended.
     for (const std::string& atom : TakeNewAtoms(m_atoms))
         if (!scriptWasEnded)

@@ -45,6 +45,7 @@ private:
     std::size_t m_programHandles = 0;
     DWORD m_scriptId = 0;
     std::size_t m_scriptHandles = 0;
+    DWORD m_hookedId = 0; // which has hooks of a script that was ended
     DWORD m_violatedId = 0;
     LRESULT m_violations = 0;
 };

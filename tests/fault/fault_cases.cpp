@@ -16,7 +16,6 @@ using sample_host::Misbehaviour;
 // that stopped goes on. A second is the promise for the first; a busy machine gets another one.
 constexpr ULONGLONG kGoneMilliseconds = 2000;
 constexpr ULONGLONG kResumedMilliseconds = 8000;
-constexpr DWORD kStopMilliseconds = 3000;
 // From here on a script is taken to hang for ever.
 constexpr DWORD kHangMilliseconds = 15000;
 
@@ -34,13 +33,16 @@ struct Fault {
     bool endsScript = false;
     bool goesOn = false;     // the program is there afterwards
     bool onlyInside = false; // nothing that can be done to a program from outside
-    int every = 1;           // in the short run only every so many-th step
+    bool isRare = false;     // once in each step of the long run, never in the short one
+    int every = 1;           // in the short run only every so many-th step,
+    int turn = 0;            // counted from this one
 };
 
 constexpr Fault kFaults[] = {
     {.name = "program ends",
      .how = Misbehaviour::HoldAtMessage,
-     .act = [](Bench& bench) { bench.Program().Kill(); }},
+     .act = [](Bench& bench) { bench.Program().Kill(); },
+     .every = 3},
     {.name = "script ends",
      .how = Misbehaviour::HoldAtMessage,
      .act =
@@ -49,22 +51,31 @@ constexpr Fault kFaults[] = {
              bench.Program().Release();
          },
      .endsScript = true,
-     .goesOn = true},
+     .goesOn = true,
+     .every = 3,
+     .turn = 1},
     {.name = "window goes",
      .how = Misbehaviour::DestroyAtMessage,
      .act = [](Bench&) {},
      .onlyInside = true,
-     .every = 2},
+     .every = 3,
+     .turn = 2},
     {.name = "program stops 3 s",
      .how = Misbehaviour::HoldAtMessage,
-     .act = [](Bench& bench) { Stop(bench, kStopMilliseconds); },
+     .act = [](Bench& bench) { Stop(bench, 3000); },
      .goesOn = true,
-     .every = 5},
+     .every = 7,
+     .turn = 1},
+    {.name = "program stops 90 s",
+     .how = Misbehaviour::HoldAtMessage,
+     .act = [](Bench& bench) { Stop(bench, 90000); },
+     .goesOn = true,
+     .isRare = true},
     {.name = "exception",
      .how = Misbehaviour::ThrowAtMessage,
      .act = [](Bench&) {},
      .onlyInside = true,
-     .every = 1000},
+     .isRare = true},
 };
 
 // A program that is not broken, only rude, while a script does a step.
@@ -120,9 +131,6 @@ public:
         int number = 0;
         for (const Step* step : steps) {
             ++number;
-            // Other programs go with the short run once.
-            if (m_options.isShort && std::string(step->program) != "sample_host" && number % 3 != 0)
-                continue;
             RunStep(*step, number);
         }
         RunRudeness();
@@ -177,10 +185,11 @@ private:
         }
         m_bench.RememberState();
         for (const Fault& fault : kFaults) {
-            const bool isLeftOut = fault.onlyInside && !m_bench.Program().IsSampleHost();
-            if (isLeftOut || (m_options.isShort && (number - 1) % fault.every != 0))
+            const bool isLeftOut = fault.onlyInside && std::string(step.program) != "sample_host";
+            const bool isNotItsTurn = fault.isRare || number % fault.every != fault.turn;
+            if (isLeftOut || (m_options.isShort && isNotItsTurn))
                 continue;
-            for (int time = 0; time < (m_options.isShort ? 1 : m_options.times); ++time)
+            for (int time = 0; time < (m_options.isShort || fault.isRare ? 1 : m_options.times); ++time)
                 RunCase(step, fault);
         }
     }
@@ -314,8 +323,6 @@ private:
         }
         for (const std::string& left : m_bench.Leftovers(fault.endsScript))
             m_problems.push_back("left behind: " + left);
-        if (fault.endsScript)
-            m_bench.DropProgram(); // the next case starts without anything of that script
     }
 
     void RunRudeness() {
