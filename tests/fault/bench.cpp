@@ -38,7 +38,7 @@ std::string Place(DWORD processId, LRESULT address) {
 
 } // namespace
 
-std::string Bench::TryStep(const Step& step, DWORD milliseconds) {
+std::string Bench::Prepare(const Step& step, DWORD milliseconds) {
     try {
         if (m_program && (m_program->HasEnded() || m_program->Name() != step.program))
             m_program.reset();
@@ -50,8 +50,17 @@ std::string Bench::TryStep(const Step& step, DWORD milliseconds) {
         m_program.reset();
         return error.what();
     }
-    const std::string result = m_script->Run(SetupOf(step) + "; " + step.lines, milliseconds);
-    return Mismatch(step, result);
+    const std::string result = m_script->Run(SetupOf(step) + "; host.Enabled", milliseconds);
+    return result == "True" ? "" : "\"" + result + "\" in the setup";
+}
+
+std::string Bench::Do(const Step& step, DWORD milliseconds) {
+    return Mismatch(step, m_script->Run(step.lines, milliseconds));
+}
+
+std::string Bench::TryStep(const Step& step, DWORD milliseconds) {
+    const std::string error = Prepare(step, milliseconds);
+    return error.empty() ? Do(step, milliseconds) : error;
 }
 
 void Bench::RememberState() {

@@ -22,8 +22,12 @@ public:
     void DropProgram() { m_program.reset(); }
     void DropScript() { m_script.reset(); }
 
-    // Has a script do the step without any fault; program and script that are missing are started. What it
-    // does otherwise than expected; empty if it works.
+    // Starts program and script where they are missing and does the step's setup. What is wrong; empty if
+    // nothing is.
+    std::string Prepare(const Step& step, DWORD milliseconds = 30000);
+    // What a script that is prepared does otherwise than expected in the step itself; empty if it works.
+    std::string Do(const Step& step, DWORD milliseconds = 30000);
+    // Both.
     std::string TryStep(const Step& step, DWORD milliseconds = 30000);
 
     // Keeps what the desktop and the processes hold now.

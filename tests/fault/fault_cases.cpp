@@ -120,18 +120,12 @@ public:
         : m_options(options), m_report(report), m_random(options.seed) {}
 
     void Run() {
-        m_report.Progress("Each step without a fault");
-        std::vector<const Step*> steps;
+        int number = 0;
         for (const Step& step : Steps()) {
             if (!step.inFaults || std::string(step.name).find(m_options.only) == std::string::npos)
                 continue;
             if (Measure(step))
-                steps.push_back(&step);
-        }
-        int number = 0;
-        for (const Step* step : steps) {
-            ++number;
-            RunStep(*step, number);
+                RunStep(step, ++number);
         }
         RunRudeness();
         PrintTable();
@@ -151,38 +145,36 @@ private:
 
     unsigned Random(unsigned limit) { return limit == 0 ? 0 : static_cast<unsigned>(m_random() % limit); }
 
-    // Does the step once and looks how much there is in it; false if it does not work.
+    // Does the step without a fault and looks how much there is in it; false if it does not work.
     bool Measure(const Step& step) {
-        std::string error = m_bench.TryStep(step);
+        std::string error = m_bench.Prepare(step);
+        if (!error.empty()) {
+            m_bench.DropProgram(); // a fresh one
+            m_bench.DropScript();
+            error = m_bench.Prepare(step);
+        }
+        const ULONGLONG start = GetTickCount64();
         if (error.empty()) {
-            m_bench.Script().Run(SetupOf(step), kHangMilliseconds);
             if (m_bench.Program().IsSampleHost())
                 m_bench.Program().ClearLog();
-            const ULONGLONG start = GetTickCount64();
-            m_bench.Script().Run(step.lines, kHangMilliseconds);
-            Extent& extent = m_extents[&step];
-            extent.milliseconds = static_cast<DWORD>(GetTickCount64() - start);
-            if (m_bench.Program().IsSampleHost())
-                extent.messages = static_cast<unsigned>(m_bench.Program().Log().Records().size());
-            m_report.Progress("  " + std::string(step.name) + ": " + std::to_string(extent.messages) +
-                              " messages, " + std::to_string(extent.milliseconds) + " ms");
-            return true;
+            error = m_bench.Do(step);
         }
-        m_report.Fail(std::string(step.name) + " without a fault: " + error);
-        m_bench.DropProgram();
-        m_bench.DropScript();
-        return false;
+        if (!error.empty()) {
+            m_report.Fail(std::string(step.name) + " without a fault: " + error);
+            m_bench.DropProgram();
+            m_bench.DropScript();
+            return false;
+        }
+        m_extent.milliseconds = static_cast<DWORD>(GetTickCount64() - start);
+        m_extent.messages = m_bench.Program().IsSampleHost()
+                                ? static_cast<unsigned>(m_bench.Program().Log().Records().size())
+                                : 0;
+        m_report.Progress(std::string(step.name) + ": " + std::to_string(m_extent.messages) + " messages, " +
+                          std::to_string(m_extent.milliseconds) + " ms");
+        return true;
     }
 
     void RunStep(const Step& step, int number) {
-        if (!m_bench.TryStep(step).empty()) {
-            m_bench.DropProgram();
-            m_bench.DropScript();
-            if (const std::string error = m_bench.TryStep(step); !error.empty()) {
-                m_report.Fail(std::string(step.name) + " does not work any more: " + error);
-                return;
-            }
-        }
         m_bench.RememberState();
         for (const Fault& fault : kFaults) {
             const bool isLeftOut = fault.onlyInside && std::string(step.program) != "sample_host";
@@ -201,15 +193,19 @@ private:
             m_report.Fail(std::string(step.name) + ": neither program nor script can be started");
             return;
         }
-        const Extent& extent = m_extents[&step];
-        const bool isInside = m_bench.Program().IsSampleHost() && extent.messages > 0 &&
-                              (m_options.isShort || fault.onlyInside || Random(4) != 0);
-        const unsigned ordinal = isInside ? 1 + Random(extent.messages) : 0;
-        const DWORD delay = Random(extent.milliseconds + 1);
-
         Cell& cell = m_cells[{step.name, fault.name}];
         m_problems.clear();
-        if (!Happens(step, fault, ordinal, delay, cell)) {
+        bool happens = false;
+        // A step has a message more or less each time: the next try aims at an earlier one.
+        for (unsigned part = 1; part <= 3 && !happens; ++part) {
+            const bool isInside = m_bench.Program().IsSampleHost() && m_extent.messages > 0 &&
+                                  (m_options.isShort || fault.onlyInside || Random(4) != 0);
+            const unsigned ordinal = isInside ? 1 + Random((m_extent.messages + part - 1) / part) : 0;
+            const DWORD delay = Random(m_extent.milliseconds / part + 1);
+            m_moment = std::to_string(delay) + " ms";
+            happens = Happens(step, fault, ordinal, delay, cell);
+        }
+        if (!happens) {
             ++cell.missed;
             return;
         }
@@ -218,15 +214,17 @@ private:
         if (m_problems.empty())
             ++cell.survived;
         for (const std::string& problem : m_problems)
-            m_report.Fail(std::string(step.name) + ", " + fault.name + " at " +
-                          (isInside ? m_moment : std::to_string(delay) + " ms") + ": " + problem);
+            m_report.Fail(std::string(step.name) + ", " + fault.name + " at " + m_moment + ": " + problem);
     }
 
     // Starts the step and lets the fault happen in it. False if the step was over before.
     bool Happens(const Step& step, const Fault& fault, unsigned ordinal, DWORD delay, Cell& cell) {
         ScriptProcess& script = m_bench.Script();
         DrivenProgram& program = m_bench.Program();
-        script.Run(SetupOf(step), kHangMilliseconds);
+        if (const std::string error = m_bench.Prepare(step); !error.empty()) {
+            m_problems.push_back("the setup gets " + error);
+            return true;
+        }
         const HWND window = ordinal != 0 ? program.Window(step.window) : nullptr;
         if (ordinal != 0) {
             program.ClearLog();
@@ -337,18 +335,19 @@ private:
     }
 
     void RunRudeCase(const Step& step, const Rudeness& rudeness) {
-        m_bench.DropProgram();
         m_problems.clear();
         Cell& cell = m_cells[{step.name, rudeness.name}];
         ++cell.tried;
-        if (const std::string error = m_bench.TryStep(step); !error.empty()) {
+        std::string error = m_bench.TryStep(step);
+        if (error.empty())
+            error = m_bench.Prepare(step);
+        if (!error.empty()) {
             m_report.Fail(std::string(step.name) + " does not work before " + rudeness.name + ": " + error);
             m_bench.DropScript();
             return;
         }
         m_bench.RememberState();
         ScriptProcess& script = m_bench.Script();
-        script.Run(SetupOf(step), kHangMilliseconds);
         const HWND window = m_bench.Program().Window(rudeness.window);
         if (rudeness.how == Misbehaviour::FullQueue) // while the script works
             SendNotifyMessageA(window, RegisterWindowMessageA(sample_host::kMisbehaveMessage),
@@ -369,7 +368,8 @@ private:
         if (!m_problems.empty())
             m_bench.DropScript();
         m_bench.DropProgram();
-        if (const std::string error = m_bench.TryStep(step); !error.empty())
+        error = m_bench.TryStep(step);
+        if (!error.empty())
             m_problems.push_back("the next script gets " + error);
         else
             for (const std::string& left : m_bench.Leftovers())
@@ -396,7 +396,7 @@ private:
     Report& m_report;
     std::mt19937 m_random;
     Bench m_bench;
-    std::map<const Step*, Extent> m_extents;
+    Extent m_extent; // of the step under way
     std::map<std::pair<std::string, std::string>, Cell> m_cells;
     std::vector<std::string> m_problems; // of the case under way
     std::string m_moment;

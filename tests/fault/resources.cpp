@@ -106,11 +106,14 @@ Resources ResourcesOf(HANDLE process) {
 }
 
 std::vector<GlobalAtom> GlobalAtoms() {
+    constexpr unsigned kLongestGap = 1000; // the system hands out the lowest that is free
     std::vector<GlobalAtom> atoms;
-    for (unsigned atom = 0xC000; atom <= 0xFFFF; ++atom) {
+    for (unsigned atom = 0xC000, last = atom; atom <= 0xFFFF && atom - last < kLongestGap; ++atom) {
         char name[256] = "";
-        if (GlobalGetAtomNameA(static_cast<ATOM>(atom), name, sizeof name) != 0)
+        if (GlobalGetAtomNameA(static_cast<ATOM>(atom), name, sizeof name) != 0) {
             atoms.push_back({static_cast<ATOM>(atom), name});
+            last = atom;
+        }
     }
     return atoms;
 }
