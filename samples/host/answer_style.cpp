@@ -2,6 +2,7 @@
 
 #include "contract_requests.h"
 #include "host_text.h"
+#include "message_names.h"
 
 #include <map>
 
@@ -12,6 +13,12 @@ std::map<HWND, Misbehaviour> styles;
 
 // Answers that were pointed at have to stay readable until the next message.
 std::string lastAnswer;
+
+constexpr LRESULT kHugeAnswer = 0x7FFFFFFF;
+
+bool AsksForNumber(UINT message) {
+    return IsContractRequest(message) || IsControlRequest(message) || message == WM_GETTEXTLENGTH;
+}
 
 // Memory without access.
 std::uint64_t Unreadable() {
@@ -59,7 +66,7 @@ void Restyle(ghosthand::host_contract::TextBuffer& buffer, Misbehaviour style) {
 } // namespace
 
 bool SetAnswerStyle(HWND window, Misbehaviour style) {
-    if (style < Misbehaviour::AnswerProperly || style > Misbehaviour::AnswerWithoutEnd)
+    if (style < Misbehaviour::AnswerProperly || style > Misbehaviour::AnswerHuge)
         return false;
     styles[window] = style;
     return true;
@@ -71,6 +78,8 @@ void ForgetAnswerStyle(HWND window) {
 
 LRESULT AnswerInStyle(const MSG& message, const std::function<LRESULT()>& proper) {
     const auto found = styles.find(message.hwnd);
+    if (found != styles.end() && found->second == Misbehaviour::AnswerHuge && AsksForNumber(message.message))
+        return kHugeAnswer;
     if (found == styles.end() || !IsContractRequest(message.message))
         return proper();
     switch (found->second) {

@@ -1,6 +1,7 @@
 #include "bar_popup.h"
 
 #include "frame.h"
+#include "host_ids.h"
 #include "watch.h"
 
 namespace sample_host {
@@ -14,12 +15,19 @@ struct OpenPopup {
 // From the outermost to the innermost.
 std::vector<OpenPopup> popups;
 
+// Until these tick counts (ms) popups ignore keys, and are hidden instead of destroyed.
+ULONGLONG stubbornUntil = 0;
+ULONGLONG hiddenUntil = 0;
+
 // Closes all popups further in than `window`, all of them when it is no popup.
 void CloseBehind(HWND window) {
     while (!popups.empty() && popups.back().window != window) {
         const HWND innermost = popups.back().window;
         popups.pop_back();
-        DestroyWindow(innermost);
+        if (GetTickCount64() < hiddenUntil)
+            ShowWindow(innermost, SW_HIDE);
+        else
+            DestroyWindow(innermost);
     }
 }
 
@@ -36,6 +44,8 @@ bool IsButtonPress(UINT message) {
 }
 
 bool OnKey(WPARAM virtualKey) {
+    if (GetTickCount64() < stubbornUntil)
+        return true;
     if (virtualKey == VK_ESCAPE || (virtualKey == VK_LEFT && popups.size() > 1)) {
         CloseBehind(popups.size() > 1 ? popups[popups.size() - 2].window : nullptr);
         return true;
@@ -71,6 +81,24 @@ void OpenBarPopup(PopupKind kind, POINT corner, const std::vector<BarButton>& en
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     popups.push_back({window, bar});
     ShowWindow(window, SW_SHOWNOACTIVATE);
+}
+
+void OpenFloatingBar() {
+    constexpr char kClass[] = "Afx:SampleFloatingBar";
+    RegisterHostClass(kClass, PopupProcedure);
+    const HWND window =
+        CreateWindowExA(WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW, kClass, "Floating", WS_POPUP | WS_CAPTION, 700,
+                        300, 200, 80, Frame(), nullptr, Instance(), nullptr);
+    Watch(window, "Floating");
+    const HWND bar = CreateBar(
+        window, {.className = "BCGPToolBar", .buttons = {{.command = ids::kDrawLine, .text = "Line"}}});
+    const SIZE size = NaturalSize(bar);
+    MoveWindow(bar, 0, 0, size.cx, size.cy, FALSE);
+    ShowWindow(window, SW_SHOWNOACTIVATE);
+}
+
+void SpoilPopups(Misbehaviour how, DWORD milliseconds) {
+    (how == Misbehaviour::StubbornPopups ? stubbornUntil : hiddenUntil) = GetTickCount64() + milliseconds;
 }
 
 void CloseBarPopups() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "bar_window.h"
+#include "host_misbehaviour.h"
 
 #include <vector>
 #include <windows.h>
@@ -14,6 +15,12 @@ namespace sample_host {
 void OpenBarPopup(PopupKind kind, POINT corner, const std::vector<BarButton>& entries, HWND origin);
 
 void CloseBarPopups();
+
+// A tool bar that floats, in a window like a popup's; it stays when popups close.
+void OpenFloatingBar();
+
+// Misbehaviour::StubbornPopups or HidePopups, for that time.
+void SpoilPopups(Misbehaviour how, DWORD milliseconds);
 
 // To be asked for every message of the loop: true when a popup used it up.
 bool IsBarPopupMessage(const MSG& message);

@@ -21,6 +21,17 @@ enum class Misbehaviour : unsigned {
                         // next message with that number to this window; number 0: at once
     CreateLater = 10,   // "create-later": this window gets a visible child, an edit control with id
                         // kLateEdit, after number ms
+    // In the middle of a message: numbers by AtMessage().
+    HoldAtMessage = 11,    // "hold-at-message": the GUI thread says so and waits until it is released
+    DestroyAtMessage = 12, // "destroy-at-message": this window goes
+    ThrowAtMessage = 13,   // "throw-at-message": an exception leaves the window procedure
+    PumpInMessages = 14,   // "pump-in-messages": every request of this window or of one below it takes a
+                           // message loop of number ms before it is answered; 0 ends that
+    FullQueue = 15,        // "full-queue": fills the thread's queue, then blocks the GUI thread for number ms
+    FloatingBar = 16,    // "floating-bar": opens a floating tool bar with the window class and the inside of
+                         // a popup of the host, which no key closes
+    StubbornPopups = 17, // "stubborn-popups": popups of the host ignore keys for number ms
+    HidePopups = 18,     // "hide-popups": popups that close for number ms are hidden, not destroyed
     // How this window answers the requests of ghosthand/host_contract.h from now on.
     AnswerProperly = 20,     // "answer-properly"
     AnswerNothing = 21,      // "answer-nothing": 0, and no text
@@ -32,6 +43,29 @@ enum class Misbehaviour : unsigned {
     AnswerUnreadable = 27,   // "answer-unreadable": with a pointer to memory that nobody may read
     AnswerWithoutEnd = 28,   // "answer-without-end": with a pointer to 100 characters without a terminator,
                              // behind which nothing can be read
+    AnswerHuge = 29,         // "answer-huge": 0x7FFFFFFF to these and to the requests that controls of the
+                             // system take, the length of a text included
+};
+
+// The `ordinal`-th message (from 1) of that number from now on that the log of any window records; message
+// 0: of any number.
+constexpr int AtMessage(unsigned message, unsigned ordinal) {
+    return static_cast<int>(ordinal << 16 | message);
+}
+
+// Events of a host with that process id, made by whoever gave the order: the first is set when its message
+// has come; a host that holds goes on, within a minute, when the second is set.
+inline constexpr char kReachedEvent[] = "Local\\SampleHostReached-";
+inline constexpr char kReleaseEvent[] = "Local\\SampleHostRelease-";
+
+// wParam = a Question.
+inline constexpr char kAskMessage[] = "SAMPLE_HOST_ASK";
+
+enum class Question : unsigned {
+    HeldKeys = 1, // of Shift, Control, Alt and the left, right and middle mouse button those that the GUI
+                  // thread takes for held: a bit each, Shift the lowest
+    AccessViolations = 2, // how many there were in this process, handled ones too
+    LastViolation = 3,    // address of the instruction of the last one
 };
 // No count, no index, no item; its low 16 bits are an atom that does not exist.
 inline constexpr long long kGarbageAnswer = 0x12345FEDC;

@@ -7,6 +7,7 @@
 #include "message_loop.h"
 #include "message_names.h"
 #include "page_table.h"
+#include "self_report.h"
 #include "watch.h"
 
 #include <commctrl.h>
@@ -54,6 +55,7 @@ int Run(const Options& options) {
 
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&classes);
+    CountAccessViolations();
     const PostedMessageWatch watch;
     if (!CreateFrame(options.frameClass))
         return Fail("the main window cannot be made");

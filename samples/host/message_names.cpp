@@ -127,6 +127,10 @@ std::string MessageName(UINT message) {
     return "message";
 }
 
+bool IsControlRequest(UINT message) {
+    return ControlRange(message) != nullptr;
+}
+
 bool IsLoggedWhenSent(UINT message) {
     return SystemMessage(message) || RegisteredNames().contains(message) || ControlRange(message);
 }
@@ -138,7 +142,8 @@ bool IsLoggedWhenPosted(UINT message) {
 const OwnMessages& Messages() {
     static const OwnMessages messages{
         RegisterWindowMessageA(contract::kSync), RegisterWindowMessageA(contract::kGetWindowByName),
-        RegisterWindowMessageA(kClearLogMessage), RegisterWindowMessageA(kMisbehaveMessage)};
+        RegisterWindowMessageA(kClearLogMessage), RegisterWindowMessageA(kMisbehaveMessage),
+        RegisterWindowMessageA(kAskMessage)};
     return messages;
 }
 

@@ -9,6 +9,9 @@ namespace sample_host {
 // The name of a message, "message" when it has none here.
 std::string MessageName(UINT message);
 
+// Whether it is a request that controls of the system take.
+bool IsControlRequest(UINT message);
+
 bool IsLoggedWhenSent(UINT message);
 bool IsLoggedWhenPosted(UINT message);
 
@@ -18,6 +21,7 @@ struct OwnMessages {
     UINT getWindowByName;
     UINT clearLog;
     UINT misbehave;
+    UINT ask;
 };
 const OwnMessages& Messages();
 

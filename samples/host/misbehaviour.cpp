@@ -1,6 +1,7 @@
 #include "misbehaviour.h"
 
 #include "answer_style.h"
+#include "bar_popup.h"
 #include "control.h"
 #include "message_names.h"
 #include "page_table.h"
@@ -31,6 +32,14 @@ constexpr Name kNames[] = {
     {"never-idle", Misbehaviour::NeverIdle},
     {"crash-on-message", Misbehaviour::CrashOnMessage},
     {"create-later", Misbehaviour::CreateLater},
+    {"hold-at-message", Misbehaviour::HoldAtMessage},
+    {"destroy-at-message", Misbehaviour::DestroyAtMessage},
+    {"throw-at-message", Misbehaviour::ThrowAtMessage},
+    {"pump-in-messages", Misbehaviour::PumpInMessages},
+    {"full-queue", Misbehaviour::FullQueue},
+    {"floating-bar", Misbehaviour::FloatingBar},
+    {"stubborn-popups", Misbehaviour::StubbornPopups},
+    {"hide-popups", Misbehaviour::HidePopups},
     {"answer-properly", Misbehaviour::AnswerProperly},
     {"answer-nothing", Misbehaviour::AnswerNothing},
     {"answer-165", Misbehaviour::Answer165},
@@ -40,20 +49,82 @@ constexpr Name kNames[] = {
     {"answer-unterminated", Misbehaviour::AnswerUnterminated},
     {"answer-unreadable", Misbehaviour::AnswerUnreadable},
     {"answer-without-end", Misbehaviour::AnswerWithoutEnd},
+    {"answer-huge", Misbehaviour::AnswerHuge},
 };
 
 // What waits for a message that has not come yet.
 struct Plan {
     HWND window;
     Misbehaviour what;
-    UINT message; // CrashOnMessage only
+    UINT message = 0;     // CrashOnMessage and those in the middle of a message, there 0 for any
+    unsigned ordinal = 0; // of those in the middle of a message: how many have yet to come
 };
 
 std::vector<Plan> plans;
 std::map<HWND, ULONGLONG> restlessUntil; // tick count in ms
+std::map<HWND, DWORD> pumpedFor;         // ms
+
+constexpr DWORD kExceptionCode = 0xE0000001;
 
 void EndProcess() {
     TerminateProcess(GetCurrentProcess(), kCrashExitCode);
+}
+
+// A named event that another process has made; null if there is none.
+HANDLE OpenNamedEvent(const char* name) {
+    return OpenEventA(EVENT_MODIFY_STATE | SYNCHRONIZE, FALSE,
+                      (name + std::to_string(GetCurrentProcessId())).c_str());
+}
+
+void ReportReached() {
+    if (const HANDLE reached = OpenNamedEvent(kReachedEvent)) {
+        SetEvent(reached);
+        CloseHandle(reached);
+    }
+}
+
+void Hold() {
+    const HANDLE release = OpenNamedEvent(kReleaseEvent);
+    ReportReached();
+    if (release) {
+        WaitForSingleObject(release, 60000);
+        CloseHandle(release);
+    }
+}
+
+void ActInMessage(const Plan& plan) {
+    switch (plan.what) {
+    case Misbehaviour::HoldAtMessage:
+        Hold();
+        break;
+    case Misbehaviour::DestroyAtMessage:
+        DestroyWindow(plan.window);
+        ReportReached();
+        break;
+    case Misbehaviour::ThrowAtMessage:
+        ReportReached();
+        RaiseException(kExceptionCode, 0, 0, nullptr);
+        break;
+    default:
+        break;
+    }
+}
+
+void Pump(DWORD milliseconds) {
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    do {
+        for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+        Sleep(1);
+    } while (GetTickCount64() < end);
+}
+
+void FillQueue(HWND window) {
+    constexpr int kMostMessages = 10000; // the system's own limit
+    for (int count = 0; count < kMostMessages && PostMessageA(window, WM_NULL, 0, 0); ++count) {
+    }
 }
 
 // The timer's identifier is what shall be done; it lives and dies with its window.
@@ -177,7 +248,28 @@ bool Misbehave(HWND window, Misbehaviour what, LPARAM number) {
     case Misbehaviour::DestroyOnCommand:
     case Misbehaviour::DestroyOnClick:
     case Misbehaviour::DestroyOnSync:
-        plans.push_back({window, what, 0});
+        plans.push_back({window, what});
+        return true;
+    case Misbehaviour::HoldAtMessage:
+    case Misbehaviour::DestroyAtMessage:
+    case Misbehaviour::ThrowAtMessage:
+        std::erase_if(plans, [](const Plan& plan) { return plan.ordinal != 0; }); // the last order counts
+        if (HIWORD(number) != 0)
+            plans.push_back({window, what, LOWORD(number), HIWORD(number)});
+        return true;
+    case Misbehaviour::PumpInMessages:
+        pumpedFor[window] = static_cast<DWORD>(std::max<LPARAM>(number, 0));
+        return true;
+    case Misbehaviour::FullQueue:
+        FillQueue(window);
+        Sleep(static_cast<DWORD>(std::max<LPARAM>(number, 0)));
+        return true;
+    case Misbehaviour::FloatingBar:
+        OpenFloatingBar();
+        return true;
+    case Misbehaviour::StubbornPopups:
+    case Misbehaviour::HidePopups:
+        SpoilPopups(what, static_cast<DWORD>(std::max<LPARAM>(number, 0)));
         return true;
     default:
         return SetAnswerStyle(window, what);
@@ -198,9 +290,28 @@ void MisbehaveBefore(const MSG& message) {
     }
 }
 
+void MisbehaveInMessage(const MSG& message) {
+    const auto plan = std::ranges::find_if(plans, [&](const Plan& candidate) {
+        return candidate.ordinal != 0 && (candidate.message == 0 || candidate.message == message.message);
+    });
+    if (plan == plans.end() || --plan->ordinal != 0)
+        return;
+    const Plan due = *plan;
+    plans.erase(plan); // first: what it does may bring further messages
+    ActInMessage(due);
+}
+
+void PumpBeforeAnswer(const MSG& message) {
+    for (const auto& [window, milliseconds] : std::map(pumpedFor)) // a copy: the loop may change it
+        if (milliseconds != 0 && message.message >= WM_USER &&
+            (window == message.hwnd || IsChild(window, message.hwnd)))
+            Pump(milliseconds);
+}
+
 void ForgetMisbehaviour(HWND window) {
     std::erase_if(plans, [&](const Plan& plan) { return plan.window == window; });
     restlessUntil.erase(window);
+    pumpedFor.erase(window);
     ForgetAnswerStyle(window);
 }
 

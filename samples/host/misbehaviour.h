@@ -11,7 +11,7 @@ namespace sample_host {
 
 struct MisbehaviourOrder {
     Misbehaviour what = Misbehaviour::Busy;
-    int number = 0;    // ms or a message number
+    int number = 0;    // ms, a message number or AtMessage()
     int controlId = 0; // 0: the frame
 };
 
@@ -24,6 +24,13 @@ bool Misbehave(HWND window, Misbehaviour what, LPARAM number);
 // To be called with every message that a window of the host gets, before the window acts on it. May
 // destroy windows, this one too, or end the process.
 void MisbehaveBefore(const MSG& message);
+
+// To be called with every message that the log has recorded. May hold the thread, destroy windows or raise an
+// exception.
+void MisbehaveInMessage(const MSG& message);
+
+// To be called with a message that was sent, before it is answered.
+void PumpBeforeAnswer(const MSG& message);
 
 // To be called when a window is gone.
 void ForgetMisbehaviour(HWND window);

@@ -3,6 +3,7 @@
 #include "answer_style.h"
 #include "log_writer.h"
 #include "message_names.h"
+#include "self_report.h"
 #include "subclass.h"
 
 #include <algorithm>
@@ -25,6 +26,11 @@ bool TakeDispatched(const MSG& message) {
     return same;
 }
 
+void Record(Delivery delivery, const MSG& message) {
+    Log().Write(delivery, message);
+    MisbehaveInMessage(message);
+}
+
 LRESULT AnswerWindowByName(WPARAM atom) {
     char name[256] = "";
     GlobalGetAtomNameA(static_cast<ATOM>(atom), name, sizeof name);
@@ -34,7 +40,7 @@ LRESULT AnswerWindowByName(WPARAM atom) {
 LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const NextProcedure& next) {
     const MSG received{window, message, wParam, lParam, 0, {}};
     if (!TakeDispatched(received) && IsLoggedWhenSent(message))
-        Log().Write(Delivery::Sent, received);
+        Record(Delivery::Sent, received);
 
     if (message == Messages().clearLog) {
         Log().Clear();
@@ -42,11 +48,14 @@ LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const
     }
     if (message == Messages().misbehave)
         return Misbehave(window, static_cast<Misbehaviour>(wParam), lParam);
+    if (message == Messages().ask)
+        return Answer(static_cast<Question>(wParam));
     if (message == WM_NCDESTROY) {
         names.erase(window);
         ForgetMisbehaviour(window);
     } else {
         MisbehaveBefore(received);
+        PumpBeforeAnswer(received);
         if (!IsWindow(window))
             return 0;
     }
@@ -60,7 +69,7 @@ LRESULT CALLBACK OnQueue(int code, WPARAM removed, LPARAM lParam) {
     const MSG& message = *reinterpret_cast<const MSG*>(lParam);
     if (code >= 0 && removed == PM_REMOVE && message.hwnd) {
         if (IsLoggedWhenPosted(message.message))
-            Log().Write(Delivery::Posted, message);
+            Record(Delivery::Posted, message);
         inDispatch = message;
     }
     return CallNextHookEx(nullptr, code, removed, lParam);

@@ -1,29 +1,17 @@
 // host_test_runner TESTS.dll [GoogleTest argument...]: runs the tests that are in a library.
 
+#include "support/job.h"
+
 #include <windows.h>
 
 #include <cstdio>
-
-namespace {
-
-// The programs that the tests start end with this one, however it ends.
-void EndChildrenWithThisProcess() {
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-    // The handle stays open until the process ends: closing it is what ends the children.
-    const HANDLE job = CreateJobObjectA(nullptr, nullptr);
-    SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
-    AssignProcessToJobObject(job, GetCurrentProcess());
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     if (argc < 2) {
         std::fprintf(stderr, "usage: %s TESTS.dll [GoogleTest argument...]\n", argv[0]);
         return 2;
     }
-    EndChildrenWithThisProcess();
+    support::EndChildrenWithThisProcess();
     const HMODULE tests = LoadLibraryA(argv[1]);
     if (tests == nullptr) {
         std::fprintf(stderr, "%s cannot be loaded (error %lu)\n", argv[1], GetLastError());

@@ -56,6 +56,8 @@ public:
     bool WaitForEnd(int seconds) const {
         return WaitForSingleObject(m_process.hProcess, static_cast<DWORD>(seconds) * 1000) == WAIT_OBJECT_0;
     }
+    HANDLE Process() const { return m_process.hProcess; }
+    DWORD ProcessId() const { return m_process.dwProcessId; }
     DWORD MainThreadId() const { return m_process.dwThreadId; }
 
 private:

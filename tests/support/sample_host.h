@@ -55,6 +55,7 @@ public:
     SampleHost(const SampleHost&) = delete;
     SampleHost& operator=(const SampleHost&) = delete;
 
+    HANDLE Process() const { return m_process.hProcess; }
     HWND Frame() const { return m_frame; }
     DWORD ProcessId() const { return m_process.dwProcessId; }
     DWORD ThreadId() const { return GetWindowThreadProcessId(m_frame, nullptr); }
