@@ -1,7 +1,7 @@
 #!/bin/bash
 # Installs what is missing, builds everything and runs the tests.
 #   ./test.sh              all tests
-#   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault)
+#   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault, dpi)
 #   ./test.sh tree         the tests whose name matches this regular expression
 #   ./test.sh -V -R tree   options are passed on to ctest
 set -euo pipefail
@@ -21,7 +21,7 @@ select_tests() {
             return
         fi
         words+=("$word")
-        [[ $word =~ ^(pure|window|host|com|fault)$ ]] || labels=no
+        [[ $word =~ ^(pure|window|host|com|fault|dpi)$ ]] || labels=no
     done
     ((${#words[@]})) || return 0
     local pattern
@@ -38,18 +38,43 @@ run_tests() {
     ctest --test-dir "build/$1" --output-on-failure --parallel "$(nproc)" "${selection[@]}" "${@:2}"
 }
 
+# has_tests OPTION...: whether the Windows build has selected tests that these options leave.
+has_tests() {
+    ! ctest --test-dir build/cross -N "${selection[@]}" "$@" | grep -q '^Total Tests: 0$'
+}
+
+# run_wine_tests OPTION...: in the session that has been started.
+run_wine_tests() {
+    run_tests cross "$@" ||
+        fail "Tests failed." "Their output is above; build/cross/Testing/Temporary/LastTest.log has it all."
+}
+
 select_tests "$@"
 tools/wine/setup.sh
 build native
 build cross
+ordinary=(-LE '^dpi$')
+scaled=(-L '^dpi$')
+has_tests "${ordinary[@]}" || has_tests "${scaled[@]}" ||
+    fail "There is no such test." "ctest --test-dir build/cross -N lists them."
 
 say "Tests, the native part under the sanitizers"
 native=passed
 run_tests native --no-tests=ignore || native=failed
 
-say "Starting a desktop and a fresh Wine prefix"
-# shellcheck disable=SC2119
-session_start
-say "Tests of the Windows build under Wine"
-run_tests cross --no-tests=error || fail "Tests failed." "Their output is above; build/cross/Testing/Temporary/LastTest.log has it all."
+if has_tests "${ordinary[@]}"; then
+    say "Starting a desktop and a fresh Wine prefix"
+    # shellcheck disable=SC2119
+    session_start
+    say "Tests of the Windows build under Wine"
+    run_wine_tests "${ordinary[@]}"
+    session_end
+fi
+if has_tests "${scaled[@]}"; then
+    say "Tests of the Windows build on a display of 144 dpi"
+    # shellcheck disable=SC2119
+    session_start
+    session_scale_display 144
+    run_wine_tests "${scaled[@]}"
+fi
 [[ $native == passed ]] || fail "Native tests failed; their output is further up."

@@ -11,7 +11,8 @@ std::unique_ptr<ghControlBar> OpenContextMenu(const ghBaseWindow& window, int x,
 }
 
 std::unique_ptr<ghControlBar> FindCurrentContextMenu(const ghBaseWindow& window) {
-    return MakeShownBar(window, FindCurrentPopup(window));
+    auto shown = MakeShownBar(window, FindCurrentPopup(window));
+    return shown != nullptr && shown->IsValid() ? std::move(shown) : nullptr;
 }
 
 } // namespace controlbars

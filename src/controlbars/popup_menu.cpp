@@ -130,8 +130,7 @@ std::unique_ptr<ghControlBar> MakeShownBar(const ghBaseWindow& owner, HWND popup
     if (!hostlink::IsMenuClass(WindowClass(popup))) {
         return std::make_unique<ghToolbar>(popup);
     }
-    auto menu = std::make_unique<ghMenu>(owner.Window(), MenuShownBy(popup));
-    return menu->IsValid() ? std::move(menu) : nullptr;
+    return std::make_unique<ghMenu>(owner.Window(), MenuShownBy(popup));
 }
 
 } // namespace controlbars

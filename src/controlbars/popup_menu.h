@@ -26,7 +26,8 @@ bool IsInMenuMode(DWORD threadId) noexcept;
 // is shown.
 HWND FindCurrentPopup(const ghBaseWindow& window);
 
-// What such a window, or a bar, shows; a menu is one of `owner`. Null for a menu that is gone.
+// What such a window, or a bar, shows; a menu is one of `owner`, and not valid if it is gone. Null for a window
+// that is gone.
 std::unique_ptr<ghControlBar> MakeShownBar(const ghBaseWindow& owner, HWND popup);
 
 } // namespace controlbars
