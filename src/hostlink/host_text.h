@@ -6,14 +6,16 @@
 #include <span>
 #include <string_view>
 
+#include "hostlink/text_cut.h"
+
 namespace hostlink {
 
 // Copies the NUL-terminated text at `address` of this process into `buffer`, cut to its size and always
 // terminated. The text is read only as far as memory is readable.
 void CopyHostText(std::uint64_t address, std::span<char> buffer) noexcept;
 
-// The length in bytes to which an ANSI text must be cut to take no more than `limit` bytes without
-// parting a lead byte from its trail byte.
+// That of the ANSI functions and of all texts here.
+CodePage SystemCodePage() noexcept;
 std::size_t CutLength(std::string_view text, std::size_t limit) noexcept;
 
 } // namespace hostlink
