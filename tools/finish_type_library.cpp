@@ -1,19 +1,10 @@
-// Finishes a type library file that widl wrote: finish_type_library <input> <output>
-//
-// widl cannot store the default value of a 64-bit parameter: it leaves -1 where the offset of the value
-// belongs, and readers then refuse the whole function. This tool adds one stored value, the 64-bit zero,
-// and points every such parameter at it; zero is the only 64-bit default that Ghosthand.idl uses. A file
-// without unfinished values keeps its contents, so that running the tool twice does no harm.
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <exception>
-#include <fstream>
+#include "finish_type_library.h"
+
+#include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <stdexcept>
-#include <string>
-#include <vector>
+#include <utility>
 
 #include "type_library_conventions.h"
 
@@ -34,7 +25,11 @@ constexpr std::uint32_t kNone = 0xFFFFFFFF;
 constexpr std::size_t kTypeInfoSize = 100;
 constexpr std::size_t kTypeInfoMembers = 0x04;   // file offset of the member block
 constexpr std::size_t kTypeInfoSizeHint = 0x08;  // two estimates; Windows writes 0
-constexpr std::size_t kTypeInfoFunctions = 0x18; // 16-bit count
+constexpr std::size_t kTypeInfoFunctions = 0x18; // 16-bit counts
+constexpr std::size_t kTypeInfoVariables = 0x1A;
+
+// Behind the records of a member block: identifier, name and place of each member.
+constexpr std::size_t kMemberTableEntries = 3 * sizeof(std::uint32_t);
 
 constexpr std::size_t kFunctionFlags = 0x10;
 constexpr std::uint32_t kFunctionHasDefaults = 0x1000;
@@ -56,11 +51,9 @@ public:
             kHeaderSize + (Read32(kHeaderFlags) & kHeaderHasHelpLibrary ? sizeof(std::uint32_t) : 0);
         m_typeCount = Read32(kHeaderTypeCount);
         m_directory = typeTable + m_typeCount * sizeof(std::uint32_t);
-        for (std::size_t segment = 0; segment < kSegmentCount; ++segment)
-            if (Offset(segment) != kNone)
-                Check(Offset(segment), Length(segment));
         if (Length(kTypeInfoSegment) != m_typeCount * kTypeInfoSize)
             throw std::runtime_error("the segment of type descriptions has an unexpected size");
+        CheckParts();
     }
 
     void Finish() {
@@ -86,6 +79,36 @@ private:
     std::size_t Entry(std::size_t segment) const { return m_directory + segment * kSegmentEntrySize; }
     std::uint32_t Offset(std::size_t segment) const { return Read32(Entry(segment)); }
     std::uint32_t Length(std::size_t segment) const { return Read32(Entry(segment) + sizeof(std::uint32_t)); }
+
+    // Each part lies inside the file, and no two in one place: what is written to one would damage the other.
+    void CheckParts() const {
+        struct Part {
+            std::size_t begin;
+            std::size_t end;
+        };
+        std::vector<Part> parts{{0, Entry(kSegmentCount)}};
+        const auto add = [&](std::size_t begin, std::size_t size) {
+            Check(begin, size);
+            if (size > 0)
+                parts.push_back({begin, begin + size});
+        };
+        for (std::size_t segment = 0; segment < kSegmentCount; ++segment)
+            if (Offset(segment) != kNone)
+                add(Offset(segment), Length(segment));
+        for (std::size_t type = 0; type < m_typeCount; ++type) {
+            const std::size_t members = Read32(TypeInfo(type) + kTypeInfoMembers);
+            const std::size_t count =
+                Read16(TypeInfo(type) + kTypeInfoFunctions) + Read16(TypeInfo(type) + kTypeInfoVariables);
+            if (count > 0)
+                add(members, sizeof(std::uint32_t) + Read32(members) + count * kMemberTableEntries);
+            else if (members != kNone)
+                Check(members, 0);
+        }
+        std::sort(parts.begin(), parts.end(), [](const Part& a, const Part& b) { return a.begin < b.begin; });
+        const auto overlap = [](const Part& part, const Part& next) { return next.begin < part.end; };
+        if (std::adjacent_find(parts.begin(), parts.end(), overlap) != parts.end())
+            throw std::runtime_error("two parts of the file lie in one place");
+    }
 
     // Appends the positions of the default values that widl left open in one type's functions.
     void CollectUnfinished(std::size_t typeInfo, std::vector<std::size_t>& unfinished) const {
@@ -156,37 +179,12 @@ private:
     std::size_t m_directory = 0;
 };
 
-std::vector<std::uint8_t> ReadFile(const char* path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw std::runtime_error("the file cannot be opened");
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-void WriteFile(const char* path, const std::vector<std::uint8_t>& bytes) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file)
-        throw std::runtime_error("the finished library cannot be written to " + std::string(path));
-}
-
 } // namespace
 
-int main(int argumentCount, char** arguments) {
-    if (argumentCount != 3) {
-        std::fputs("usage: finish_type_library <input> <output>\n", stderr);
-        return EXIT_FAILURE;
-    }
-    try {
-        Library library(ReadFile(arguments[1]));
-        library.Finish();
-        std::vector<std::uint8_t> finished = library.Bytes();
-        FollowMicrosoftConventions(finished);
-        WriteFile(arguments[2], finished);
-        return EXIT_SUCCESS;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "finish_type_library: %s: %s\n", arguments[1], error.what());
-        return EXIT_FAILURE;
-    }
+std::vector<std::uint8_t> FinishTypeLibrary(std::vector<std::uint8_t> bytes) {
+    Library library(std::move(bytes));
+    library.Finish();
+    std::vector<std::uint8_t> finished = library.Bytes();
+    FollowMicrosoftConventions(finished);
+    return finished;
 }

@@ -37,6 +37,10 @@ static_assert(offsetof(TextBuffer, text) == 0 && offsetof(TextBuffer, capacity) 
 // The code page UTF-8, which GetACP() answers where it is the system's.
 constexpr std::uint32_t kUtf8CodePage = 65001;
 
+inline bool IsUtf8TrailByte(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
 // The length in bytes, at most `limit`, to which a text of `length` bytes is cut without parting a
 // character. A Windows program passes GetACP() and IsDBCSLeadByte; `isLeadByte` says of an unsigned char
 // whether it is the first of a character's two bytes, and is not asked in UTF-8.
@@ -47,10 +51,13 @@ std::size_t CutLength(const char* text, std::size_t length, std::size_t limit, s
         return length;
     }
     if (codePage == kUtf8CodePage) {
-        while (limit > 0 && (static_cast<unsigned char>(text[limit]) & 0xC0) == 0x80) {
-            --limit;
+        // A character has no more trail bytes: a longer run of them is damage, and all of it would be lost.
+        const std::size_t mostTrailBytes = 3;
+        std::size_t cut = limit;
+        while (cut > 0 && limit - cut < mostTrailBytes && IsUtf8TrailByte(text[cut])) {
+            --cut;
         }
-        return limit;
+        return IsUtf8TrailByte(text[cut]) ? limit : cut;
     }
     // From the beginning: a byte alone does not tell whether it is the second one of a character.
     std::size_t cut = 0;

@@ -16,7 +16,7 @@ ghOptionTree ghOptionTree::RootItem() const {
 }
 
 ghOptionTree ghOptionTree::ItemByPath(const std::string& path) const {
-    const auto labels = engine::PathTokens(path, engine::kOptionTreeSeparators);
+    const auto labels = engine::PathTokens(path, engine::kOptionTreePath);
     if (!labels) {
         return Item(0);
     }

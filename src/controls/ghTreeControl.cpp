@@ -16,14 +16,14 @@ namespace {
 using FindItem = std::function<HTREEITEM()>;
 
 FindItem FinderByNumbers(const ghTreeControl& tree, const std::string& path) {
-    const auto tokens = engine::PathTokens(path, engine::kTreeNumberSeparators);
+    const auto tokens = engine::PathTokens(path, engine::kTreeNumberPath);
     return !tokens ? FindItem() : [&tree, isEmpty = path.empty(), tokens = *tokens] {
         return isEmpty ? nullptr : controls::FindByNumbers(tree.Window(), tokens);
     };
 }
 
 FindItem FinderByNames(const ghTreeControl& tree, const std::string& path) {
-    const auto tokens = engine::PathTokens(path, engine::kTreeNameSeparators);
+    const auto tokens = engine::PathTokens(path, engine::kTreeNamePath);
     return !tokens ? FindItem() : [&tree, isEmpty = path.empty(), tokens = *tokens] {
         return isEmpty ? nullptr : controls::FindByNames(tree.Host(), tokens);
     };

@@ -7,15 +7,15 @@
 
 namespace engine {
 
-std::optional<std::vector<std::string>> PathTokens(std::string_view path, std::string_view separators) {
-    if (path.size() > kLongestPath)
+std::optional<std::vector<std::string>> PathTokens(std::string_view path, const PathKind& kind) {
+    if (path.size() > kind.longest)
         return {};
     std::vector<std::string> tokens;
-    std::size_t begin = path.find_first_not_of(separators);
+    std::size_t begin = path.find_first_not_of(kind.separators);
     while (begin != std::string_view::npos) {
-        const std::size_t end = path.find_first_of(separators, begin);
+        const std::size_t end = path.find_first_of(kind.separators, begin);
         tokens.emplace_back(path.substr(begin, end - begin));
-        begin = path.find_first_not_of(separators, end);
+        begin = path.find_first_not_of(kind.separators, end);
     }
     return tokens;
 }

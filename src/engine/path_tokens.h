@@ -9,18 +9,22 @@
 
 namespace engine {
 
-// Each character is a separator of its own.
-inline constexpr std::string_view kTreeNumberSeparators = ".-:|/\\";
-inline constexpr std::string_view kTreeNameSeparators = "|";
-inline constexpr std::string_view kOptionTreeSeparators = "|/\\";
-inline constexpr std::string_view kMenuNumberSeparators = ".-:/\\";
+struct PathKind {
+    std::string_view separators; // each character is a separator of its own
+    std::size_t longest;         // in bytes
+};
 
-inline constexpr std::size_t kLongestPath = 259; // in bytes
+// Paths of items have room for long names, whose characters may take several bytes each.
+inline constexpr std::size_t kLongestItemPath = 32767;
+inline constexpr PathKind kTreeNumberPath{".-:|/\\", kLongestItemPath};
+inline constexpr PathKind kTreeNamePath{"|", kLongestItemPath};
+inline constexpr PathKind kOptionTreePath{"|/\\", kLongestItemPath};
+inline constexpr PathKind kMenuNumberPath{".-:/\\", 259};
 
 // The tokens of a path, as strtok finds them: a run of separators counts as one, leading and trailing ones
 // count for nothing, and separators are single bytes (a trail byte of that value separates too). Empty for
-// an empty path or one of separators only; nullopt for a path longer than kLongestPath.
-std::optional<std::vector<std::string>> PathTokens(std::string_view path, std::string_view separators);
+// an empty path or one of separators only; nullopt for a path longer than its kind may be.
+std::optional<std::vector<std::string>> PathTokens(std::string_view path, const PathKind& kind);
 
 // A token as a number, as atoi reads it: leading white space and one sign, digits up to the first other
 // character, 0 without digits. A number out of range becomes the greatest or least int.

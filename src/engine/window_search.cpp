@@ -86,10 +86,6 @@ private:
         return HasWantedText(text, m_criteria.className, Has(kClassContains));
     }
 
-    static bool HasWantedText(const char* text, const char* wanted, bool contains) noexcept {
-        return contains ? std::strstr(text, wanted) != nullptr : std::strcmp(text, wanted) == 0;
-    }
-
     bool HasWantedStyle(HWND window) const noexcept {
         return Has(kIgnoreStyle) || (hostlink::WindowStyle(window) & kComparedStyles) == m_criteria.style;
     }
@@ -137,9 +133,7 @@ private:
 } // namespace
 
 void SetSearchText(char (&field)[kSearchTextSize], std::string_view text) noexcept {
-    const std::size_t length = hostlink::CutLength(text, kSearchTextSize - 1);
-    std::memcpy(field, text.data(), length);
-    field[length] = '\0';
+    SetSearchText(field, text, hostlink::SystemCodePage());
 }
 
 void WantCaption(WindowCriteria& criteria, std::string_view caption) noexcept {

@@ -7,6 +7,8 @@
 
 #include <windows.h>
 
+#include "engine/search_text.h"
+
 namespace engine {
 
 // Flag bits, the low half of WindowCriteria::flags; scripts pass them through a_flags.
@@ -26,8 +28,6 @@ enum SearchFlag : std::uint32_t {
 // The styles that a style test compares.
 inline constexpr std::uint64_t kComparedStyles = 0xC0CC0000;
 
-inline constexpr std::size_t kSearchTextSize = 260; // bytes, terminator included
-
 // Which window is wanted.
 struct WindowCriteria {
     // Without a parent: a case-insensitive prefix of the file name of the window's program; empty matches
@@ -45,7 +45,7 @@ struct WindowCriteria {
     bool (*customTest)(HWND) = nullptr;
 };
 
-// Fills a text field of the criteria; a longer text is cut between two characters.
+// Fills a text field of the criteria, in the system code page.
 void SetSearchText(char (&field)[kSearchTextSize], std::string_view text) noexcept;
 
 // Tests a text by containment; an empty one is not tested at all.

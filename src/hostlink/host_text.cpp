@@ -48,25 +48,12 @@ std::string ToAnsi(std::wstring_view text) {
     return ansi;
 }
 
+CodePage SystemCodePage() noexcept {
+    return {GetACP() == CP_UTF8, [](unsigned char byte) noexcept { return IsDBCSLeadByte(byte) != FALSE; }};
+}
+
 std::size_t CutLength(std::string_view text, std::size_t limit) noexcept {
-    if (text.size() <= limit) {
-        return text.size();
-    }
-    if (GetACP() == CP_UTF8) {
-        while (limit > 0 && (static_cast<unsigned char>(text[limit]) & 0xC0) == 0x80) {
-            --limit;
-        }
-        return limit;
-    }
-    std::size_t length = 0;
-    while (length < limit) {
-        const std::size_t step = IsDBCSLeadByte(static_cast<BYTE>(text[length])) ? 2 : 1;
-        if (length + step > limit) {
-            break;
-        }
-        length += step;
-    }
-    return length;
+    return CutLength(text, limit, SystemCodePage());
 }
 
 } // namespace hostlink

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "hostlink/text_cut.h"
+
 namespace hostlink {
 
 // Copies the NUL-terminated text at `address` of this process into `buffer`, cut to its size and always
@@ -16,8 +18,8 @@ void CopyHostText(std::uint64_t address, std::span<char> buffer) noexcept;
 // In the system code page; characters that it lacks become its default character.
 std::string ToAnsi(std::wstring_view text);
 
-// The length in bytes to which an ANSI text must be cut to take no more than `limit` bytes without
-// parting a lead byte from its trail byte.
+// That of the ANSI functions and of all texts here.
+CodePage SystemCodePage() noexcept;
 std::size_t CutLength(std::string_view text, std::size_t limit) noexcept;
 
 } // namespace hostlink

@@ -80,14 +80,6 @@ std::string get_combo_item(HWND comboBox, int index, bool) {
 
 namespace dkGroupComboHelpers {
 
-std::string pack_query(const dkGroupComboQuery& query) {
-    std::string packed = query.heading.c_str();
-    packed += '\0';
-    packed += query.item.c_str();
-    packed += '\0';
-    return packed;
-}
-
 bool check_combo_type(HWND comboBox) {
     const LRESULT heading = SendMessageA(comboBox, ghosthand::host_contract::group_combo::kHeadingOfItem,
                                          static_cast<WPARAM>(-1), 0);

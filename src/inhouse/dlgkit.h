@@ -5,6 +5,8 @@
 #include <string>
 #include <windows.h>
 
+#include "inhouse/group_combo_query.h"
+
 namespace dkListHelpers {
 
 // The text of one item. Empty when the index is out of range, the window is no such control or is gone, or
@@ -15,17 +17,7 @@ std::string get_combo_item(HWND comboBox, int index, bool);
 
 } // namespace dkListHelpers
 
-// Asks a group combo for the item of that name below the heading of that name.
-struct dkGroupComboQuery {
-    std::string heading;
-    std::string item;
-};
-
 namespace dkGroupComboHelpers {
-
-// The bytes that travel with group_combo::kFindByNames of ghosthand/host_contract.h: heading, NUL, item,
-// NUL. A NUL inside a name ends that name.
-std::string pack_query(const dkGroupComboQuery& query);
 
 // Whether the combo box is a group combo, which answers the heading of item -1 with -1; any other combo
 // box answers 0.

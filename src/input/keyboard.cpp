@@ -82,7 +82,7 @@ void MenuChars(const ghBaseWindow& window, const std::string& path, int delay) {
 
 void MenuIndex(const ghBaseWindow& window, const std::string& path, int delay) {
     engine::WaitUntilReady(window);
-    const auto tokens = engine::PathTokens(path, engine::kMenuNumberSeparators);
+    const auto tokens = engine::PathTokens(path, engine::kMenuNumberPath);
     if (!tokens || tokens->empty()) {
         return;
     }

@@ -123,10 +123,10 @@ TEST_F(HostControls, OptionTreePathsNameLabelsBelowTheRoot) {
     EXPECT_EQ(label("|/\\"), "General");
     for (const std::string& path :
          {std::string("general"), std::string("Gen"), std::string("Options|General"),
-          std::string("General|Units|mm"), "General" + std::string(253, '|')}) {
+          std::string("General|Units|mm"), "General" + std::string(32761, '|')}) {
         EXPECT_FALSE(tree.ItemByPath(path).IsValidItem()) << path;
     }
-    EXPECT_EQ(label("General" + std::string(252, '|')), "General"); // 259 bytes
+    EXPECT_EQ(label("General" + std::string(32760, '|')), "General"); // 32,767 bytes
 
     const ghOptionTree units = tree.ItemByPath("General|Units");
     EXPECT_EQ(units.ParentItem().Label(), "General");

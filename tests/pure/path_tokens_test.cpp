@@ -13,25 +13,30 @@ using Tokens = std::vector<std::string>;
 
 TEST(PathTokens, RunsAndEdgesOfSeparatorsCountForNothing) {
     for (const char* path : {"3", "3/", "/3", "3.-:", ".-:|/\\3\\"})
-        EXPECT_EQ(PathTokens(path, kTreeNumberSeparators), Tokens{"3"}) << path;
-    EXPECT_EQ(PathTokens("2/3.-5|x\\:7", kTreeNumberSeparators), (Tokens{"2", "3", "5", "x", "7"}));
+        EXPECT_EQ(PathTokens(path, kTreeNumberPath), Tokens{"3"}) << path;
+    EXPECT_EQ(PathTokens("2/3.-5|x\\:7", kTreeNumberPath), (Tokens{"2", "3", "5", "x", "7"}));
     for (const char* path : {"", "|", ".-:|/\\"})
-        EXPECT_EQ(PathTokens(path, kTreeNumberSeparators), Tokens{}) << path;
+        EXPECT_EQ(PathTokens(path, kTreeNumberPath), Tokens{}) << path;
 }
 
 TEST(PathTokens, EachKindOfPathHasItsOwnSeparators) {
     constexpr std::string_view path = "a.b-c:d|e/f\\g";
-    EXPECT_EQ(PathTokens(path, kTreeNumberSeparators), (Tokens{"a", "b", "c", "d", "e", "f", "g"}));
-    EXPECT_EQ(PathTokens(path, kTreeNameSeparators), (Tokens{"a.b-c:d", "e/f\\g"}));
-    EXPECT_EQ(PathTokens(path, kOptionTreeSeparators), (Tokens{"a.b-c:d", "e", "f", "g"}));
-    EXPECT_EQ(PathTokens(path, kMenuNumberSeparators), (Tokens{"a", "b", "c", "d|e", "f", "g"}));
+    EXPECT_EQ(PathTokens(path, kTreeNumberPath), (Tokens{"a", "b", "c", "d", "e", "f", "g"}));
+    EXPECT_EQ(PathTokens(path, kTreeNamePath), (Tokens{"a.b-c:d", "e/f\\g"}));
+    EXPECT_EQ(PathTokens(path, kOptionTreePath), (Tokens{"a.b-c:d", "e", "f", "g"}));
+    EXPECT_EQ(PathTokens(path, kMenuNumberPath), (Tokens{"a", "b", "c", "d|e", "f", "g"}));
 }
 
 TEST(PathTokens, APathIsTakenWholeOrNotAtAll) {
-    const std::string longest = "a|" + std::string(257, 'b');
-    EXPECT_EQ(PathTokens(longest, kTreeNameSeparators), (Tokens{"a", std::string(257, 'b')}));
-    EXPECT_EQ(PathTokens(longest + "b", kTreeNameSeparators), std::nullopt);
-    EXPECT_EQ(PathTokens(std::string(260, '|'), kTreeNameSeparators), std::nullopt);
+    const std::pair<PathKind, std::size_t> kinds[] = {
+        {kTreeNumberPath, 32767}, {kTreeNamePath, 32767}, {kOptionTreePath, 32767}, {kMenuNumberPath, 259}};
+    for (const auto& [kind, longest] : kinds) {
+        const std::string last(longest - 2, 'b');
+        const std::string path = "a" + std::string(1, kind.separators.front()) + last;
+        EXPECT_EQ(PathTokens(path, kind), (Tokens{"a", last})) << kind.separators;
+        EXPECT_EQ(PathTokens(path + "b", kind), std::nullopt) << kind.separators;
+        EXPECT_EQ(PathTokens(std::string(longest + 1, kind.separators.front()), kind), std::nullopt);
+    }
 }
 
 TEST(PathTokens, NumbersAreReadWithTolerance) {
