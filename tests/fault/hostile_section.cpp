@@ -239,11 +239,7 @@ private:
                 next += 30000;
             }
             const Step& step = Choose(m_steps);
-            const ULONGLONG start = GetTickCount64();
-            const std::string result = m_first.TryStep(step);
-            m_longest = std::max(m_longest, GetTickCount64() - start);
-            ++m_done;
-            m_wrong += result.empty() ? 0 : 1;
+            const std::string result = DoForAWhile(step);
             if (result.find("hangs in") != result.npos) {
                 writer.reset(); // it has to end when nobody disturbs it any more
                 ++m_late;
@@ -263,6 +259,21 @@ private:
             m_report.Fail("notepad or its script ended " + std::to_string(m_otherCrashes) + " times");
     }
 
+    // Several times, as most steps are over in no time. The result of the last one.
+    std::string DoForAWhile(const Step& step) {
+        std::string result = m_first.Prepare(step);
+        const ULONGLONG end = GetTickCount64() + 1000;
+        do {
+            const ULONGLONG start = GetTickCount64();
+            if (result.empty())
+                result = m_first.Do(step);
+            m_longest = std::max(m_longest, GetTickCount64() - start);
+            ++m_done;
+            m_wrong += result.empty() ? 0 : 1;
+        } while (result.empty() && GetTickCount64() < end);
+        return result;
+    }
+
     void Judge(const Step& step, const std::string& result) {
         if (result.find("the script has ended") != result.npos)
             m_report.Fail(std::string(step.name) + ": the script has crashed");
@@ -277,7 +288,8 @@ private:
             m_report.Fail(std::string(step.name) + ": nobody asked for " + request);
         if (const std::string place = m_first.NewViolation(); !place.empty())
             m_report.Fail(std::string(step.name) + ": access violation at " + place);
-        Settle(program);
+        if (!result.empty())
+            Settle(program);
         program.ClearLog();
     }
 
