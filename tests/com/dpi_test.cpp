@@ -57,8 +57,8 @@ struct Geometry {
     }
 };
 
-// Where Wine has an unaware program's window it looks at the pointer's place in the display's pixels, so that
-// real input has to stay near the screen's top left corner: the pages and points below do.
+// Wine looks for an unaware program's window under the pointer as if the window's pixels were the display's:
+// real input finds it only near its top left corner, and that near the screen's. The points below are there.
 class Dpi : public support::DrivenHost, public testing::WithParamInterface<Programs> {
 protected:
     static void SetUpTestSuite() {
