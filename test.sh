@@ -47,9 +47,15 @@ say "Tests, the native part under the sanitizers"
 native=passed
 run_tests native --no-tests=ignore || native=failed
 
+fuzzing=passed
+if (($# == 0)) || [[ " $* " == *" pure "* ]]; then
+    ./fuzz.sh --short || fuzzing=failed
+fi
+
 say "Starting a desktop and a fresh Wine prefix"
 # shellcheck disable=SC2119
 session_start
 say "Tests of the Windows build under Wine"
 run_tests cross --no-tests=error || fail "Tests failed." "Their output is above; build/cross/Testing/Temporary/LastTest.log has it all."
 [[ $native == passed ]] || fail "Native tests failed; their output is further up."
+[[ $fuzzing == passed ]] || fail "Fuzzing found something; its output is further up." "./fuzz.sh tells how to repeat it."
