@@ -62,6 +62,11 @@ say "Tests, the native part under the sanitizers"
 native=passed
 run_tests native --no-tests=ignore || native=failed
 
+fuzzing=passed
+if (($# == 0)) || [[ " $* " == *" pure "* ]]; then
+    ./fuzz.sh --short || fuzzing=failed
+fi
+
 if has_tests "${ordinary[@]}"; then
     say "Starting a desktop and a fresh Wine prefix"
     # shellcheck disable=SC2119
@@ -78,3 +83,4 @@ if has_tests "${scaled[@]}"; then
     run_wine_tests "${scaled[@]}"
 fi
 [[ $native == passed ]] || fail "Native tests failed; their output is further up."
+[[ $fuzzing == passed ]] || fail "Fuzzing found something; its output is further up." "./fuzz.sh tells how to repeat it."

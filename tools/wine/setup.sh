@@ -1,6 +1,7 @@
 #!/bin/bash
 # Installs the Debian packages that building, testing and the demonstration need, and only those that
 # are missing. Safe to run any number of times.
+#   tools/wine/setup.sh [PACKAGE...]    further packages
 set -euo pipefail
 # shellcheck source=tools/wine/messages.sh
 source "$(dirname "${BASH_SOURCE[0]}")/messages.sh"
@@ -12,6 +13,7 @@ packages=(
     fonts-liberation                            # what they write with
     xvfb imagemagick                            # a desktop without a screen, and pictures of it
     python3 python3-pip                         # checking the type library against Microsoft's
+    "$@"
 )
 
 [[ -n $(command -v dpkg-query) && -n $(command -v apt-get) ]] ||
