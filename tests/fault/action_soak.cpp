@@ -1,4 +1,4 @@
-#include "fault/action_soak.h"
+#include "fault/modes.h"
 
 #include "fault/bench.h"
 

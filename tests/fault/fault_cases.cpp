@@ -1,4 +1,4 @@
-#include "fault/fault_cases.h"
+#include "fault/modes.h"
 
 #include "fault/bench.h"
 
@@ -114,6 +114,10 @@ constexpr Rudeness kRudeness[] = {
     {"popups hide", "context menu", Misbehaviour::HidePopups, 60000, "Frame", true, true},
 };
 
+const Step* FindStep(const std::string& name) {
+    return &*std::ranges::find_if(Steps(), [&](const Step& step) { return name == step.name; });
+}
+
 class FaultCases {
 public:
     FaultCases(const Options& options, Report& report)
@@ -122,12 +126,19 @@ public:
     void Run() {
         int number = 0;
         for (const Step& step : Steps()) {
-            if (!step.inFaults || std::string(step.name).find(m_options.only) == std::string::npos)
+            const std::string program = step.program;
+            const bool isLeftOut = !step.inFaults ||
+                                   std::string(step.name).find(m_options.only) == std::string::npos ||
+                                   (m_options.isShort && program != "sample_host" && program != "notepad");
+            if (isLeftOut)
                 continue;
             if (Measure(step))
                 RunStep(step, ++number);
         }
         RunRudeness();
+        for (const char* name : {"tree text", "synchronisation", "held keys"})
+            if (std::string(name).find(m_options.only) != std::string::npos)
+                RunTwoScripts(*FindStep(name));
         PrintTable();
     }
 
@@ -325,12 +336,10 @@ private:
 
     void RunRudeness() {
         for (const Rudeness& rudeness : kRudeness) {
-            const auto step = std::ranges::find_if(
-                Steps(), [&](const Step& known) { return std::string(known.name) == rudeness.step; });
             const bool isLeftOut = (m_options.isShort && !rudeness.inShortRun) ||
                                    std::string(rudeness.step).find(m_options.only) == std::string::npos;
             if (!isLeftOut)
-                RunRudeCase(*step, rudeness);
+                RunRudeCase(*FindStep(rudeness.step), rudeness);
         }
     }
 
@@ -378,6 +387,46 @@ private:
             m_report.Fail(std::string(step.name) + ", " + rudeness.name + ": " + problem);
         if (m_problems.empty())
             ++cell.survived;
+    }
+
+    // The section is made for one script at a time, so that answers may get mixed up; no more than that.
+    void RunTwoScripts(const Step& step) {
+        Cell& cell = m_cells[{step.name, "two scripts at once"}];
+        ++cell.tried;
+        m_problems.clear();
+        if (const std::string error = m_bench.TryStep(step); !error.empty()) {
+            m_report.Fail(std::string(step.name) + " does not work before two scripts do it: " + error);
+            return;
+        }
+        m_bench.RememberState();
+        ScriptProcess second;
+        ScriptProcess* const scripts[] = {&m_bench.Script(), &second};
+        for (ScriptProcess* script : scripts)
+            script->Run(SetupOf(step), kHangMilliseconds);
+        const ULONGLONG end = GetTickCount64() + (m_options.isShort ? 2000 : 30000);
+        while (m_problems.empty() && GetTickCount64() < end) {
+            for (ScriptProcess* script : scripts)
+                script->Start(step.lines);
+            const ULONGLONG start = GetTickCount64();
+            for (ScriptProcess* script : scripts)
+                if (!script->Wait(2 * kHangMilliseconds))
+                    m_problems.push_back(script->HasEnded()
+                                             ? "a script has crashed"
+                                             : std::string("a script hangs in ") + script->Channel().member);
+            cell.longest = std::max(cell.longest, GetTickCount64() - start);
+        }
+        second.Kill();
+        if (!m_problems.empty())
+            m_bench.DropScript();
+        if (const std::string error = m_bench.TryStep(step); !error.empty())
+            m_problems.push_back("the next script gets " + error);
+        else
+            for (const std::string& left : m_bench.Leftovers())
+                m_problems.push_back("left behind: " + left);
+        for (const std::string& problem : m_problems)
+            m_report.Fail(std::string(step.name) + ", two scripts at once: " + problem);
+        cell.survived += m_problems.empty() ? 1 : 0;
+        m_bench.DropProgram();
     }
 
     void PrintTable() {

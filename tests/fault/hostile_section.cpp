@@ -1,4 +1,4 @@
-#include "fault/hostile_section.h"
+#include "fault/modes.h"
 
 #include "fault/bench.h"
 
@@ -227,7 +227,7 @@ private:
             std::make_unique<SectionWriter>(m_first.Section(), m_first.Program().Frame(), m_random());
         std::atomic<bool> stops = false;
         std::thread second([&] {
-            for (unsigned count = 0; !stops; ++count) {
+            for (unsigned count = 0; !stops && !m_otherSteps.empty(); ++count) {
                 const std::string result = m_second.TryStep(*m_otherSteps[count % m_otherSteps.size()]);
                 CountOther(result);
             }

@@ -1,8 +1,6 @@
 // fault_test faults|hostile|actions [--short] [--times N] [--minutes M] [--actions N] [--seed S]
 //              [--only STEP] [--output FILE]
-#include "fault/action_soak.h"
-#include "fault/fault_cases.h"
-#include "fault/hostile_section.h"
+#include "fault/modes.h"
 #include "fault/script_process.h"
 #include "support/job.h"
 
