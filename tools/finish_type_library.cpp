@@ -4,29 +4,17 @@
 #include <cstddef>
 #include <iterator>
 #include <stdexcept>
-#include <utility>
 
+#include "type_library_bytes.h"
 #include "type_library_conventions.h"
 
 namespace {
 
 constexpr std::uint32_t kMagic = 0x5446534D; // "MSFT"
-constexpr std::size_t kHeaderSize = 0x54;
-constexpr std::size_t kHeaderFlags = 0x14;
-constexpr std::uint32_t kHeaderHasHelpLibrary = 0x100; // the header is one field longer
-constexpr std::size_t kHeaderTypeCount = 0x20;
-
 constexpr std::size_t kSegmentCount = 15;
-constexpr std::size_t kSegmentEntrySize = 16; // offset, length, -1, 0xF
-constexpr std::size_t kTypeInfoSegment = 0;
 constexpr std::size_t kValueSegment = 11;
-constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-constexpr std::size_t kTypeInfoSize = 100;
-constexpr std::size_t kTypeInfoMembers = 0x04;   // file offset of the member block
-constexpr std::size_t kTypeInfoSizeHint = 0x08;  // two estimates; Windows writes 0
-constexpr std::size_t kTypeInfoFunctions = 0x18; // 16-bit counts
-constexpr std::size_t kTypeInfoVariables = 0x1A;
+constexpr std::size_t kTypeInfoSizeHint = 0x08; // two estimates; Windows writes 0
 
 // Behind the records of a member block: identifier, name and place of each member.
 constexpr std::size_t kMemberTableEntries = 3 * sizeof(std::uint32_t);
@@ -42,23 +30,19 @@ constexpr std::uint32_t kHyper = 0x80140014;
 // Type tag, value, padding to a multiple of four.
 constexpr std::uint8_t kHyperZero[] = {0x14, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x57, 0x57};
 
-class Library {
+class Finisher : private TypeLibraryBytes {
 public:
-    explicit Library(std::vector<std::uint8_t> bytes) : m_bytes(std::move(bytes)) {
+    explicit Finisher(std::vector<std::uint8_t>& bytes) : TypeLibraryBytes(bytes), m_bytes(bytes) {
         if (Read32(0) != kMagic)
             throw std::runtime_error("this is not a type library");
-        const std::size_t typeTable =
-            kHeaderSize + (Read32(kHeaderFlags) & kHeaderHasHelpLibrary ? sizeof(std::uint32_t) : 0);
-        m_typeCount = Read32(kHeaderTypeCount);
-        m_directory = typeTable + m_typeCount * sizeof(std::uint32_t);
-        if (Length(kTypeInfoSegment) != m_typeCount * kTypeInfoSize)
+        if (Length(kTypeInfoSegment) != TypeCount() * kTypeInfoSize)
             throw std::runtime_error("the segment of type descriptions has an unexpected size");
         CheckParts();
     }
 
     void Finish() {
         std::vector<std::size_t> unfinished;
-        for (std::size_t type = 0; type < m_typeCount; ++type) {
+        for (std::size_t type = 0; type < TypeCount(); ++type) {
             CollectUnfinished(TypeInfo(type), unfinished);
             Write32(TypeInfo(type) + kTypeInfoSizeHint, 0);
             Write32(TypeInfo(type) + kTypeInfoSizeHint + sizeof(std::uint32_t), 0);
@@ -72,11 +56,7 @@ public:
         AppendHyperZero();
     }
 
-    const std::vector<std::uint8_t>& Bytes() const { return m_bytes; }
-
 private:
-    std::size_t TypeInfo(std::size_t type) const { return Offset(kTypeInfoSegment) + type * kTypeInfoSize; }
-    std::size_t Entry(std::size_t segment) const { return m_directory + segment * kSegmentEntrySize; }
     std::uint32_t Offset(std::size_t segment) const { return Read32(Entry(segment)); }
     std::uint32_t Length(std::size_t segment) const { return Read32(Entry(segment) + sizeof(std::uint32_t)); }
 
@@ -95,7 +75,7 @@ private:
         for (std::size_t segment = 0; segment < kSegmentCount; ++segment)
             if (Offset(segment) != kNone)
                 add(Offset(segment), Length(segment));
-        for (std::size_t type = 0; type < m_typeCount; ++type) {
+        for (std::size_t type = 0; type < TypeCount(); ++type) {
             const std::size_t members = Read32(TypeInfo(type) + kTypeInfoMembers);
             const std::size_t count =
                 Read16(TypeInfo(type) + kTypeInfoFunctions) + Read16(TypeInfo(type) + kTypeInfoVariables);
@@ -145,7 +125,7 @@ private:
         const auto moved = [end](std::uint32_t offset) {
             return offset != kNone && offset >= end ? offset + std::uint32_t{sizeof kHyperZero} : offset;
         };
-        for (std::size_t type = 0; type < m_typeCount; ++type) {
+        for (std::size_t type = 0; type < TypeCount(); ++type) {
             const std::size_t members = TypeInfo(type) + kTypeInfoMembers;
             Write32(members, moved(Read32(members)));
         }
@@ -157,34 +137,13 @@ private:
         m_bytes.insert(m_bytes.begin() + end, std::begin(kHyperZero), std::end(kHyperZero));
     }
 
-    void Check(std::size_t position, std::size_t size) const {
-        if (position > m_bytes.size() || size > m_bytes.size() - position)
-            throw std::runtime_error("the file is shorter than its own tables say");
-    }
-    std::uint16_t Read16(std::size_t position) const {
-        Check(position, 2);
-        return static_cast<std::uint16_t>(m_bytes[position] | m_bytes[position + 1] << 8);
-    }
-    std::uint32_t Read32(std::size_t position) const {
-        return Read16(position) | static_cast<std::uint32_t>(Read16(position + 2)) << 16;
-    }
-    void Write32(std::size_t position, std::uint32_t value) {
-        Check(position, 4);
-        for (int byte = 0; byte < 4; ++byte)
-            m_bytes[position + byte] = static_cast<std::uint8_t>(value >> (8 * byte));
-    }
-
-    std::vector<std::uint8_t> m_bytes;
-    std::size_t m_typeCount = 0;
-    std::size_t m_directory = 0;
+    std::vector<std::uint8_t>& m_bytes;
 };
 
 } // namespace
 
 std::vector<std::uint8_t> FinishTypeLibrary(std::vector<std::uint8_t> bytes) {
-    Library library(std::move(bytes));
-    library.Finish();
-    std::vector<std::uint8_t> finished = library.Bytes();
-    FollowMicrosoftConventions(finished);
-    return finished;
+    Finisher(bytes).Finish();
+    FollowMicrosoftConventions(bytes);
+    return bytes;
 }

@@ -13,11 +13,14 @@
 
 namespace {
 
+// A window that claims more buttons than there are commands is not believed: to read them all would take hours.
+constexpr int kMostButtons = 0x10000;
+
 // The first button that is no separator and passes the test; -1 if there is none.
 template <class Test>
 int FindButton(const ghToolbar& toolbar, Test test) {
     const int count = toolbar.ItemsCount();
-    for (int index = 0; index < count; ++index) {
+    for (int index = 0; index < count && count <= kMostButtons; ++index) {
         const auto button = controlbars::ReadButton(toolbar.Host(), index);
         if (button && (button->style & BTNS_SEP) == 0 && test(*button)) {
             return index;

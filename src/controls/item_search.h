@@ -15,11 +15,14 @@ bool HasItem(const List& list, int index) {
     return index >= 0 && index < list.ItemsCount();
 }
 
+// A control that claims more items is not believed: to read them all would take hours.
+inline constexpr int kMostItems = 0x1000000;
+
 // The index of the first item whose text begins with the name, -1 if there is none.
 template <class List>
 int FirstItemWithPrefix(const List& list, std::string_view name) {
     const int count = list.ItemsCount();
-    for (int index = 0; index < count; ++index) {
+    for (int index = 0; index < count && count <= kMostItems; ++index) {
         // An item that has gone meanwhile reads as empty.
         if (engine::StartsWith(list.GetItem(index), name)) {
             return index;
