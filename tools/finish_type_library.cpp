@@ -1,6 +1,7 @@
 #include "finish_type_library.h"
 
 #include <algorithm>
+#include <compare>
 #include <cstddef>
 #include <iterator>
 #include <stdexcept>
@@ -65,12 +66,13 @@ private:
         struct Part {
             std::size_t begin;
             std::size_t end;
+            auto operator<=>(const Part&) const = default;
         };
+        // An empty part counts, too: it may grow.
         std::vector<Part> parts{{0, Entry(kSegmentCount)}};
         const auto add = [&](std::size_t begin, std::size_t size) {
             Check(begin, size);
-            if (size > 0)
-                parts.push_back({begin, begin + size});
+            parts.push_back({begin, begin + size});
         };
         for (std::size_t segment = 0; segment < kSegmentCount; ++segment)
             if (Offset(segment) != kNone)
@@ -84,7 +86,7 @@ private:
             else if (members != kNone)
                 Check(members, 0);
         }
-        std::sort(parts.begin(), parts.end(), [](const Part& a, const Part& b) { return a.begin < b.begin; });
+        std::sort(parts.begin(), parts.end());
         const auto overlap = [](const Part& part, const Part& next) { return next.begin < part.end; };
         if (std::adjacent_find(parts.begin(), parts.end(), overlap) != parts.end())
             throw std::runtime_error("two parts of the file lie in one place");

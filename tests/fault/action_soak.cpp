@@ -83,7 +83,7 @@ private:
         };
         goOnTo(actions / 10);
         samples[1] = Take();
-        const auto atoms = GlobalAtoms();
+        const auto atoms = LastingAtoms();
         goOnTo(actions / 2);
         samples[2] = Take();
         goOnTo(actions);

@@ -64,7 +64,7 @@ std::string Bench::TryStep(const Step& step, DWORD milliseconds) {
 }
 
 void Bench::RememberState() {
-    m_atoms = GlobalAtoms();
+    m_atoms = LastingAtoms();
     m_programId = m_program->ProcessId();
     m_programHandles = ResourcesOf(m_program->Process()).handles;
     m_scriptId = m_script->ProcessId();

@@ -33,8 +33,8 @@ struct Fault {
     bool endsScript = false;
     bool goesOn = false;     // the program is there afterwards
     bool onlyInside = false; // nothing that can be done to a program from outside
-    bool isRare = false;     // once in each step of the long run, never in the short one
-    int every = 1;           // in the short run only every so many-th step,
+    bool isRare = false;     // never in the short run, and once in a step of the long one
+    int every = 1;           // in the short run, and if it is rare, only every so many-th step,
     int turn = 0;            // counted from this one
 };
 
@@ -70,7 +70,9 @@ constexpr Fault kFaults[] = {
      .how = Misbehaviour::HoldAtMessage,
      .act = [](Bench& bench) { Stop(bench, 90000); },
      .goesOn = true,
-     .isRare = true},
+     .isRare = true,
+     .every = 7,
+     .turn = 3},
     {.name = "exception",
      .how = Misbehaviour::ThrowAtMessage,
      .act = [](Bench&) {},
@@ -189,8 +191,9 @@ private:
         m_bench.RememberState();
         for (const Fault& fault : kFaults) {
             const bool isLeftOut = fault.onlyInside && std::string(step.program) != "sample_host";
-            const bool isNotItsTurn = fault.isRare || number % fault.every != fault.turn;
-            if (isLeftOut || (m_options.isShort && isNotItsTurn))
+            const bool isNotItsTurn =
+                (m_options.isShort || fault.isRare) && number % fault.every != fault.turn;
+            if (isLeftOut || isNotItsTurn || (m_options.isShort && fault.isRare))
                 continue;
             for (int time = 0; time < (m_options.isShort || fault.isRare ? 1 : m_options.times); ++time)
                 RunCase(step, fault);

@@ -1,5 +1,7 @@
 #include "fault/steps.h"
 
+#include <algorithm>
+
 namespace fault_tests {
 
 namespace {
@@ -136,6 +138,18 @@ std::string Mismatch(const Step& step, const std::string& result) {
     if (result != step.expected)
         text.append("\"").append(result).append("\" instead of \"").append(step.expected).append("\"");
     return text;
+}
+
+std::vector<GlobalAtom> LastingAtoms() {
+    auto atoms = GlobalAtoms();
+    std::erase_if(atoms, [](const GlobalAtom& atom) {
+        const std::string quoted = "'" + atom.name + "'";
+        return atom.name.starts_with("yaw=") || std::ranges::any_of(kSteps, [&](const Step& step) {
+                   return std::string(step.setup).find(quoted) != std::string::npos ||
+                          std::string(step.lines).find(quoted) != std::string::npos;
+               });
+    });
+    return atoms;
 }
 
 void Settle(const DrivenProgram& program) {

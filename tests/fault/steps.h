@@ -3,9 +3,11 @@
 #pragma once
 
 #include "fault/driven_program.h"
+#include "fault/resources.h"
 
 #include <span>
 #include <string>
+#include <vector>
 
 namespace fault_tests {
 
@@ -28,6 +30,10 @@ std::string SetupOf(const Step& step);
 
 // What is wrong with that result of its lines; empty if nothing is.
 std::string Mismatch(const Step& step, const std::string& result);
+
+// The global atoms that are there for longer than a step: not those that carry a window's name or a camera.
+// These look the same however many times they were forgotten.
+std::vector<GlobalAtom> LastingAtoms();
 
 // What a step is followed by when a script or a window went in the middle of it: closes menus, popups and
 // dialogs that it may have left, as a user would.
