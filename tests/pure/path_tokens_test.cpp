@@ -32,7 +32,7 @@ TEST(PathTokens, APathIsTakenWholeOrNotAtAll) {
         {kTreeNumberPath, 32767}, {kTreeNamePath, 32767}, {kOptionTreePath, 32767}, {kMenuNumberPath, 259}};
     for (const auto& [kind, longest] : kinds) {
         const std::string last(longest - 2, 'b');
-        const std::string path = "a" + std::string(1, kind.separators.front()) + last;
+        const std::string path = std::string{'a', kind.separators.front()} + last;
         EXPECT_EQ(PathTokens(path, kind), (Tokens{"a", last})) << kind.separators;
         EXPECT_EQ(PathTokens(path + "b", kind), std::nullopt) << kind.separators;
         EXPECT_EQ(PathTokens(std::string(longest + 1, kind.separators.front()), kind), std::nullopt);
