@@ -201,19 +201,13 @@ private:
     }
 
     void RunCase(const Step& step, const Fault& fault) {
-        if (!m_bench.IsReady())
-            m_bench.TryStep(step);
-        if (!m_bench.IsReady()) {
-            m_report.Fail(std::string(step.name) + ": neither program nor script can be started");
-            return;
-        }
         Cell& cell = m_cells[{step.name, fault.name}];
         m_problems.clear();
         bool happens = false;
         // A step has a message more or less each time: the next try aims at an earlier one.
         for (unsigned part = 1; part <= 3 && !happens; ++part) {
-            const bool isInside = m_bench.Program().IsSampleHost() && m_extent.messages > 0 &&
-                                  (m_options.isShort || fault.onlyInside || Random(4) != 0);
+            const bool isInside =
+                m_extent.messages > 0 && (m_options.isShort || fault.onlyInside || Random(4) != 0);
             const unsigned ordinal = isInside ? 1 + Random((m_extent.messages + part - 1) / part) : 0;
             const DWORD delay = Random(m_extent.milliseconds / part + 1);
             m_moment = std::to_string(delay) + " ms";
@@ -233,12 +227,14 @@ private:
 
     // Starts the step and lets the fault happen in it. False if the step was over before.
     bool Happens(const Step& step, const Fault& fault, unsigned ordinal, DWORD delay, Cell& cell) {
+        if (const std::string error = m_bench.Prepare(step); !error.empty()) {
+            m_report.Fail(std::string(step.name) + " does not work before " + fault.name + ": " + error);
+            m_bench.DropProgram();
+            m_bench.DropScript();
+            return false;
+        }
         ScriptProcess& script = m_bench.Script();
         DrivenProgram& program = m_bench.Program();
-        if (const std::string error = m_bench.Prepare(step); !error.empty()) {
-            m_problems.push_back("the setup gets " + error);
-            return true;
-        }
         const HWND window = ordinal != 0 ? program.Window(step.window) : nullptr;
         if (ordinal != 0) {
             program.ClearLog();
@@ -246,18 +242,23 @@ private:
         }
         script.Start(step.lines);
         if (!IsReached(step, ordinal, delay)) {
+            const bool isLate = WaitForSingleObject(program.Reached(), 0) == WAIT_OBJECT_0;
+            program.Release();
             if (ordinal != 0)
                 program.Misbehave(window, fault.how, 0);
+            if (isLate) // it happens after the step
+                m_bench.DropProgram();
             return false;
         }
         if (ordinal != 0)
             m_moment = Moment(ordinal);
-        ULONGLONG start = GetTickCount64();
+        if (!fault.goesOn)
+            script.RestartClock();
         fault.act(m_bench);
-        if (fault.goesOn)
-            start = GetTickCount64();
+        if (fault.goesOn && !fault.endsScript)
+            script.RestartClock();
         if (!fault.endsScript)
-            WaitForScript(step, fault, start, cell);
+            WaitForScript(step, fault, cell);
         return true;
     }
 
@@ -278,33 +279,31 @@ private:
         return text;
     }
 
-    void WaitForScript(const Step& step, const Fault& fault, ULONGLONG start, Cell& cell) {
-        ScriptProcess& script = m_bench.Script();
-        const ULONGLONG asked = static_cast<ULONGLONG>(step.askedSeconds) * 1000;
-        const ULONGLONG limit = asked + (fault.goesOn ? kResumedMilliseconds : kGoneMilliseconds);
-        const bool ends = script.Wait(kHangMilliseconds + static_cast<DWORD>(asked));
-        const ULONGLONG took = GetTickCount64() - start;
+    void WaitForScript(const Step& step, const Fault& fault, Cell& cell) {
+        const auto asked = static_cast<DWORD>(step.askedSeconds) * 1000;
+        m_bench.Script().Wait(kHangMilliseconds + asked);
+        JudgeCall("the script", asked + (fault.goesOn ? kResumedMilliseconds : kGoneMilliseconds), cell);
+        if (!fault.goesOn && m_problems.empty()) {
+            // Its objects are those of a window that has gone.
+            m_bench.Script().Run(step.lines, kHangMilliseconds + asked);
+            JudgeCall("without its window the script", asked + kGoneMilliseconds, cell);
+        }
+    }
+
+    // How the script that has been waited for gets on. One that hangs is given up.
+    void JudgeCall(const std::string& who, DWORD limit, Cell& cell) {
+        const ScriptChannel& channel = m_bench.Script().Channel();
+        const ULONGLONG began = channel.callBegan;
+        const ULONGLONG took =
+            std::max<ULONGLONG>(channel.longestCall, began != 0 ? GetTickCount64() - began : 0);
         cell.longest = std::max(cell.longest, took);
-        if (script.HasEnded()) {
-            m_problems.push_back("the script has crashed");
-        } else if (!ends) {
-            m_problems.push_back(std::string("the script hangs in ") + script.Channel().member);
+        if (m_bench.Script().HasEnded()) {
+            m_problems.push_back(who + " has crashed in " + channel.member);
+        } else if (began != 0) {
+            m_problems.push_back(who + " hangs in " + channel.member);
             m_bench.DropScript();
         } else if (took > limit) {
-            m_problems.push_back(std::string("the script took ") + std::to_string(took) + " ms, " +
-                                 script.Channel().longestMember);
-        } else if (!fault.goesOn) {
-            // Its objects are those of a window that has gone.
-            const std::string result = script.Run(step.lines, kHangMilliseconds + static_cast<DWORD>(asked));
-            const ULONGLONG longest = script.Channel().longestCall;
-            cell.longest = std::max(cell.longest, longest);
-            if (result.starts_with("hangs")) {
-                m_problems.push_back("without its window it " + result);
-                m_bench.DropScript();
-            } else if (longest > kGoneMilliseconds + asked) {
-                m_problems.push_back(std::string("without its window ") + script.Channel().longestMember +
-                                     " takes " + std::to_string(longest) + " ms");
-            }
+            m_problems.push_back(who + " takes " + std::to_string(took) + " ms in " + channel.longestMember);
         }
     }
 

@@ -80,6 +80,12 @@ std::string ScriptProcess::Run(const std::string& lines, DWORD milliseconds) {
     }
 }
 
+void ScriptProcess::RestartClock() {
+    if (m_channel->callBegan != 0)
+        m_channel->callBegan = GetTickCount64();
+    m_channel->longestCall = 0;
+}
+
 void ScriptProcess::Kill() {
     TerminateProcess(m_program->Process(), 0);
     WaitForSingleObject(m_program->Process(), INFINITE);

@@ -35,6 +35,9 @@ public:
     bool Wait(DWORD milliseconds) const { return WaitForSingleObject(m_done, milliseconds) == WAIT_OBJECT_0; }
     const ScriptChannel& Channel() const { return *m_channel; }
 
+    // From now on the call under way counts as if it had just begun.
+    void RestartClock();
+
     // Starts and waits. "hangs in Member" or "the script has ended" when they do not come to their end.
     std::string Run(const std::string& lines, DWORD milliseconds);
 
