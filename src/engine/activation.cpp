@@ -34,13 +34,23 @@ private:
     bool m_attached = false;
 };
 
-// The system may refuse a child window the foreground; its root window takes it along.
+bool IsOnForegroundThread(HWND window) noexcept {
+    return GetWindowThreadProcessId(GetForegroundWindow(), nullptr) ==
+           GetWindowThreadProcessId(window, nullptr);
+}
+
+// The system may refuse a child window the foreground; its root window, in front, takes it along. Where the
+// program is in front already the root is left alone: a popup that became active would close.
 bool TakeForeground(HWND window) noexcept {
     if (SetForegroundWindow(window)) {
         return true;
     }
     const HWND root = GetAncestor(window, GA_ROOT);
-    return root != nullptr && root != window && SetForegroundWindow(root);
+    if (root == nullptr || root == window || IsOnForegroundThread(window)) {
+        return false;
+    }
+    BringWindowToTop(root);
+    return SetForegroundWindow(root) != FALSE;
 }
 
 bool BringToFront(HWND window) noexcept {
