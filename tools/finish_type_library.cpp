@@ -69,9 +69,11 @@ private:
             auto operator<=>(const Part&) const = default;
         };
         // An empty part counts, too: it may grow.
-        std::vector<Part> parts{{0, Entry(kSegmentCount)}};
+        std::vector<Part> parts;
         const auto add = [&](std::size_t begin, std::size_t size) {
             Check(begin, size);
+            if (begin < Entry(kSegmentCount))
+                throw std::runtime_error("a part of the file lies among its own tables");
             parts.push_back({begin, begin + size});
         };
         for (std::size_t segment = 0; segment < kSegmentCount; ++segment)
