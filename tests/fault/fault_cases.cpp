@@ -417,7 +417,6 @@ private:
                                              : std::string("a script hangs in ") + script->Channel().member);
             cell.longest = std::max(cell.longest, GetTickCount64() - start);
         }
-        second.Kill();
         if (!m_problems.empty())
             m_bench.DropScript();
         if (const std::string error = m_bench.TryStep(step); !error.empty())
