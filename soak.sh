@@ -1,14 +1,14 @@
 #!/bin/bash
 # Drives programs for a long time while scripts and programs end, stop, close their windows or do harm.
-#   ./soak.sh                    everything, some hours
-#   ./soak.sh faults             either side ends, stops or loses its window in the middle of every kind of step
+#   ./soak.sh                    everything, about an hour
+#   ./soak.sh fault              either side ends, stops or loses its window in the middle of every kind of step
 #   ./soak.sh hostile            somebody writes to the module's shared section while scripts work
 #   ./soak.sh actions            thousands of actions by one script: do handles, memory, atoms, hooks grow?
 # Options:
-#   --times N      faults: how often each fault happens in each step (3)
+#   --times N      fault: how often each fault happens in each step (3)
 #   --minutes M    hostile: how long (10)
 #   --actions N    actions: how many on the sample host, and a fifth of it on other programs (10000)
-#   --only STEP    faults, actions: only steps whose name contains it
+#   --only STEP    fault, actions: only steps whose name contains it
 #   --seed S       does what a run with that seed did; each run prints its own
 # The tables of each part are also in build/soak/. Exit code 0: nothing failed.
 set -euo pipefail
@@ -27,7 +27,7 @@ options=()
 seed=$RANDOM
 while (($#)); do
     case $1 in
-        faults | hostile | actions) parts+=("$1") ;;
+        fault | hostile | actions) parts+=("$1") ;;
         --seed) seed=${2:?--seed needs a number} && shift ;;
         --times | --minutes | --actions | --only) options+=("$1" "${2:?$1 needs a value}") && shift ;;
         -h | --help) usage && exit ;;
@@ -35,7 +35,7 @@ while (($#)); do
     esac
     shift
 done
-((${#parts[@]})) || parts=(faults hostile actions)
+((${#parts[@]})) || parts=(fault hostile actions)
 
 tools/wine/setup.sh
 build cross fault_test ghosthand sample_host

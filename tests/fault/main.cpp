@@ -1,4 +1,4 @@
-// fault_test faults|hostile|actions [--short] [--times N] [--minutes M] [--actions N] [--seed S]
+// fault_test fault|hostile|actions [--short] [--times N] [--minutes M] [--actions N] [--seed S]
 //              [--only STEP] [--output FILE]
 #include "fault/modes.h"
 #include "fault/script_process.h"
@@ -17,8 +17,7 @@ struct Mode {
     const char* name;
     void (*run)(const Options& options, Report& report);
 };
-constexpr Mode kModes[] = {
-    {"faults", RunFaultCases}, {"hostile", RunHostileSection}, {"actions", RunActions}};
+constexpr Mode kModes[] = {{"fault", RunFaultCases}, {"hostile", RunHostileSection}, {"actions", RunActions}};
 
 bool Parse(int argc, char** argv, Options& options) {
     for (int index = 2; index < argc; ++index) {
@@ -62,7 +61,7 @@ int Run(int argc, char** argv) {
                                  "; one step alone: --only STEP");
         }
     }
-    std::fprintf(stderr, "usage: fault_test faults|hostile|actions [--short] [--times N] [--minutes M]\n"
+    std::fprintf(stderr, "usage: fault_test fault|hostile|actions [--short] [--times N] [--minutes M]\n"
                          "                    [--actions N] [--seed S] [--only STEP] [--output FILE]\n");
     return 2;
 }
