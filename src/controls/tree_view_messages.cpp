@@ -11,8 +11,9 @@ static_assert(offsetof(TVITEMA, hItem) == 8 && offsetof(TVITEMA, pszText) == 24 
               offsetof(TVITEMA, cchTextMax) == 32 && sizeof(TVITEMA) == 56);
 
 HTREEITEM RelatedItem(HWND tree, UINT relation, HTREEITEM item) noexcept {
-    return reinterpret_cast<HTREEITEM>(
+    const auto related = reinterpret_cast<HTREEITEM>(
         SendMessageA(tree, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+    return related != item ? related : nullptr; // a control that answers nonsense would be walked for ever
 }
 
 UINT ItemState(HWND tree, HTREEITEM item, UINT mask) noexcept {

@@ -49,6 +49,20 @@ void Send(std::span<INPUT> records) {
     BlockMouseAfterInput();
 }
 
+DWORD ProcessOf(HWND window) noexcept {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(window, &processId);
+    return processId;
+}
+
+// A program can have the foreground and still lie behind another one, which would get the input.
+void BringOutFromBehindOthers(HWND window, const ScreenPoint& point) noexcept {
+    const HWND there = WindowFromPoint({static_cast<LONG>(point.x), static_cast<LONG>(point.y)});
+    if (there != nullptr && there != GetDesktopWindow() && ProcessOf(there) != ProcessOf(window)) {
+        BringWindowToTop(GetAncestor(window, GA_ROOT));
+    }
+}
+
 // The buttons that stay pressed behind a call: bit n is the button with code n.
 unsigned heldButtons = 0;
 
@@ -73,6 +87,9 @@ void SendMouseEvents(HWND window, int button, std::span<const ButtonAction> acti
     const auto point = ToScreen(window, x, y);
     if (!point && actions.front() == ButtonAction::Press) {
         return;
+    }
+    if (point && actions.front() == ButtonAction::Press) {
+        BringOutFromBehindOthers(window, *point);
     }
     std::vector<INPUT> records;
     for (const ButtonAction action : actions) {

@@ -110,7 +110,7 @@ constexpr Rudeness kRudeness[] = {
     {"answers of 2 GB", "camera", Misbehaviour::AnswerHuge, 0, "CAD.1101"},
     {"floating tool bar", "context menu", Misbehaviour::FloatingBar, 0, "Frame", true, true},
     {"floating tool bar", "popup walk", Misbehaviour::FloatingBar, 0, "Frame", true},
-    {"popups ignore keys", "popup walk", Misbehaviour::StubbornPopups, 60000, "Frame"},
+    {"popups ignore keys", "popup walk", Misbehaviour::StubbornPopups, 8000, "Frame", true},
     {"popups ignore keys", "context menu", Misbehaviour::StubbornPopups, 60000, "Frame", false, true},
     {"popups hide", "popup walk", Misbehaviour::HidePopups, 60000, "Frame", true},
     {"popups hide", "context menu", Misbehaviour::HidePopups, 60000, "Frame", true, true},
