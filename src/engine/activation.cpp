@@ -3,6 +3,7 @@
 #include "engine/ghSharedUtils.h"
 #include "engine/synchronise.h"
 #include "engine/wait_loop.h"
+#include "engine/window_relations.h"
 #include "hostlink/foreground_permission.h"
 #include "hostlink/window_kind.h"
 
@@ -40,12 +41,12 @@ bool IsOnForegroundThread(HWND window) noexcept {
 }
 
 // The system may refuse a child window the foreground; its root window, in front, takes it along. Where the
-// program is in front already the root is left alone: a popup that became active would close.
+// program is in front already the root is left alone.
 bool TakeForeground(HWND window) noexcept {
     if (SetForegroundWindow(window)) {
         return true;
     }
-    const HWND root = GetAncestor(window, GA_ROOT);
+    const HWND root = RootToRaise(window);
     if (root == nullptr || root == window || IsOnForegroundThread(window)) {
         return false;
     }

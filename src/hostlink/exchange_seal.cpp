@@ -3,7 +3,6 @@
 #include <cstring>
 #include <span>
 
-#include "hostlink/shared_section.h"
 #include "hostlink/shared_variable.h"
 
 namespace hostlink {
@@ -47,23 +46,29 @@ std::uint64_t DigestOf(const Request& request) noexcept {
     digest.Add(request.message);
     digest.Add(request.wParam);
     digest.Add(request.stringOffset);
-    digest.Add(shared.remoteData);
+    digest.Add(request.block);
     if (request.hasText) {
-        digest.Add(shared.remoteString);
+        digest.Add(request.text);
     }
     return digest.Value();
 }
 
 } // namespace
 
-Request PublishedRequest(bool hasText) noexcept {
-    return {ToWindow(shared.remoteTarget), shared.remoteMsg, static_cast<WPARAM>(shared.remoteWParam),
-            hasText ? std::uint64_t{shared.remoteStringOffset} : 0, hasText};
+Request::Request(bool hasTextToo) noexcept
+    : target(ToWindow(shared.remoteTarget)), message(shared.remoteMsg),
+      wParam(static_cast<WPARAM>(shared.remoteWParam)),
+      stringOffset(hasTextToo ? std::uint64_t{shared.remoteStringOffset} : 0), hasText(hasTextToo) {
+    std::memcpy(block, shared.remoteData, sizeof block);
+    text[0] = '\0';
+    if (hasText) {
+        std::memcpy(text, shared.remoteString, sizeof text);
+    }
 }
 
 void SealRequest(bool hasText) noexcept {
     seal.broken = 0;
-    seal.digest = DigestOf(PublishedRequest(hasText));
+    seal.digest = DigestOf(Request(hasText));
 }
 
 bool IsSealed(const Request& request) noexcept {

@@ -8,18 +8,23 @@
 
 #include <windows.h>
 
+#include "hostlink/shared_section.h"
+
 namespace hostlink {
 
-// A request as it stands in the shared section. Values, read once: what is checked is what is sent.
+// A request as it stood in the shared section. A copy: what is checked is what is sent, and nobody can change
+// it while the host reads it.
 struct Request {
+    explicit Request(bool hasText) noexcept;
+
     HWND target;
     UINT message;
     WPARAM wParam;
     std::uint64_t stringOffset; // 0 for a request without a text
     bool hasText;
+    alignas(16) char block[kRemoteDataSize];
+    char text[kRemoteStringSize]; // empty for a request without a text
 };
-
-Request PublishedRequest(bool hasText) noexcept;
 
 // Called by the sender, when all of the request stands in the shared section.
 void SealRequest(bool hasText) noexcept;

@@ -30,41 +30,43 @@ bool MayBeSent(UINT message) noexcept {
     return message >= WM_USER && message != AwaitedSendRemotelyMessage();
 }
 
-void SendRequest(const Request& request) noexcept {
+// The host gets a copy of the block, not the shared one: what another process writes meanwhile would lead it
+// astray. What it left there is published.
+void SendRequest(Request& request) noexcept {
     shared.remoteResult = SendMessageA(request.target, request.message, request.wParam,
-                                       reinterpret_cast<LPARAM>(shared.remoteData));
-    BreakSeal();
+                                       reinterpret_cast<LPARAM>(request.block));
+    std::memcpy(shared.remoteData, request.block, sizeof request.block);
 }
 
-// Puts the descriptor of the shared text into the block, sends, and fetches the text that the host has put
-// in place of it.
-void SendRequestWithString(const Request& request) noexcept {
-    if (!HasRoomForDescriptor(request.stringOffset)) {
-        return;
-    }
-    shared.remoteString[kRemoteStringSize - 1] = '\0';
-    const StringDescriptor descriptor = {FromHandle(shared.remoteString), kRemoteStringSize};
-    std::memcpy(shared.remoteData + request.stringOffset, &descriptor, kDescriptorSize);
+// Puts the descriptor of the text into the block, sends, and fetches the text that the host has put in place
+// of it.
+void SendRequestWithString(Request& request) noexcept {
+    request.text[kRemoteStringSize - 1] = '\0';
+    const StringDescriptor descriptor = {FromHandle(request.text), kRemoteStringSize};
+    std::memcpy(request.block + request.stringOffset, &descriptor, kDescriptorSize);
     SendRequest(request);
     StringDescriptor answered = {};
-    std::memcpy(&answered, shared.remoteData + request.stringOffset, kDescriptorSize);
+    std::memcpy(&answered, request.block + request.stringOffset, kDescriptorSize);
     if (answered.text != descriptor.text) {
-        CopyHostText(answered.text, shared.remoteString);
+        CopyHostText(answered.text, request.text);
     }
-    shared.remoteString[kRemoteStringSize - 1] = '\0';
+    request.text[kRemoteStringSize - 1] = '\0';
+    std::memcpy(shared.remoteString, request.text, sizeof request.text);
 }
 
 // The hook goes before the request is sent, not after: the messages that the request sets off then pass
 // no hook, which spares the host several system calls for each of them. A call that is not for the target is
 // left alone, with the hook: a signal that its sender has given up can still come by.
-LRESULT OnCall(int code, WPARAM wParam, LPARAM lParam, bool hasText, void (*send)(const Request&)) noexcept {
+LRESULT OnCall(int code, WPARAM wParam, LPARAM lParam, bool hasText, void (*send)(Request&)) noexcept {
     const CWPSTRUCT* call = AwaitedCall(code, lParam, AwaitedSendRemotelyMessage());
     if (call == nullptr || !IsSameWindow(call->hwnd, ToWindow(shared.remoteTarget))) {
         return CallNext(shared.remoteHook, code, wParam, lParam);
     }
-    const Request request = PublishedRequest(hasText);
-    if (RemoveFiredHook(shared.remoteHook) && MayBeSent(request.message) && IsSealed(request)) {
+    Request request(hasText);
+    if (RemoveFiredHook(shared.remoteHook) && MayBeSent(request.message) &&
+        HasRoomForDescriptor(request.stringOffset) && IsSealed(request)) {
         send(request);
+        BreakSeal();
     }
     return 0;
 }

@@ -34,7 +34,7 @@ struct SharedSection {
     volatile std::uint64_t capturedBarWindow;  // last "BCGToolBar…" or "BCGPToolBar…" window
     volatile std::uint64_t syncCreateHook;
     volatile std::uint64_t syncQueueHook;
-    char remoteData[kRemoteDataSize];     // lParam of a remote send points here
+    char remoteData[kRemoteDataSize];     // the block of a remote send, in and out
     char remoteString[kRemoteStringSize]; // NUL-terminated
     volatile std::uint8_t mouseBlocked;
     volatile std::uint8_t allowMouseBlocks;

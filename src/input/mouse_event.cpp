@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/window_geometry.h"
+#include "engine/window_relations.h"
 #include "hostlink/script_holds.h"
 #include "input/desktop_mapping.h"
 #include "input/mouse_block.h"
@@ -59,7 +60,9 @@ DWORD ProcessOf(HWND window) noexcept {
 void BringOutFromBehindOthers(HWND window, const ScreenPoint& point) noexcept {
     const HWND there = WindowFromPoint({static_cast<LONG>(point.x), static_cast<LONG>(point.y)});
     if (there != nullptr && there != GetDesktopWindow() && ProcessOf(there) != ProcessOf(window)) {
-        BringWindowToTop(GetAncestor(window, GA_ROOT));
+        if (const HWND root = engine::RootToRaise(window)) {
+            BringWindowToTop(root);
+        }
     }
 }
 
