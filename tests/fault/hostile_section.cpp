@@ -198,16 +198,21 @@ public:
     }
 
 private:
+    // Each step has to succeed twice: the second time it may find what the first has opened. With two
+    // programs on a desktop without a window manager one or the other try loses the foreground.
     void RunClean(Bench& bench, const std::vector<const Step*>& steps, const std::string& when) {
         for (const Step* step : steps) {
-            for (int time = 0; time < 2; ++time) { // the second may find what the first has opened
+            int failed = 0;
+            for (int succeeded = 0; succeeded < 2 && failed < 3;) {
                 const std::string error = bench.TryStep(*step);
                 if (!error.empty()) {
-                    m_report.Fail(std::string(step->name) + " " + when + ": " + error);
+                    if (++failed == 3)
+                        m_report.Fail(std::string(step->name) + " " + when + ": " + error);
                     bench.DropScript();
                     bench.DropProgram();
                     continue;
                 }
+                ++succeeded;
                 if (bench.Program().IsSampleHost()) {
                     if (when == "before")
                         m_known.Learn(bench.Program());
