@@ -3,11 +3,24 @@
 #include <optional>
 
 #include "controlbars/popup_menu.h"
+#include "hostlink/host_classes.h"
 #include "hostlink/menu_capture.h"
 
 namespace controlbars {
 
 namespace {
+
+using hostlink::WindowClass;
+
+// What was captured stood where any process can write: it is looked at before it is taken for a bar or menu.
+bool IsBarOf(DWORD threadId, HWND window) noexcept {
+    return GetWindowThreadProcessId(window, nullptr) == threadId &&
+           hostlink::IsHostBarClass(WindowClass(window));
+}
+bool IsMenuOf(DWORD threadId, HWND window) noexcept {
+    return GetWindowThreadProcessId(window, nullptr) == threadId &&
+           hostlink::IsMenuClass(WindowClass(window));
+}
 
 // The bar that the host created, else the menu; null if neither. None where the thread cannot be watched. The
 // watch ends before anything else is asked of the host.
@@ -17,7 +30,10 @@ std::optional<HWND> CreatedWhile(DWORD threadId, const std::function<void()>& op
         return std::nullopt;
     }
     open();
-    return IsWindow(capture.BarWindow()) ? capture.BarWindow() : capture.MenuWindow();
+    if (IsBarOf(threadId, capture.BarWindow())) {
+        return capture.BarWindow();
+    }
+    return IsMenuOf(threadId, capture.MenuWindow()) ? capture.MenuWindow() : nullptr;
 }
 
 } // namespace
@@ -28,7 +44,7 @@ std::unique_ptr<ghControlBar> CapturePopup(const ghBaseWindow& owner, const std:
     if (!created) {
         return nullptr;
     }
-    if (IsWindow(*created)) {
+    if (*created != nullptr) {
         return MakeShownBar(owner, *created);
     }
     // A host may keep a popup and show it again.
