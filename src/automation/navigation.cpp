@@ -4,6 +4,7 @@
 #include "controlbars/ghMenu.h"
 #include "controlbars/ghToolbar.h"
 #include "engine/ghSharedUtils.h"
+#include "hostlink/host_classes.h"
 
 namespace automation::navigation {
 
@@ -118,7 +119,9 @@ Navigation<ghControlBar> Toolbar(std::string caption, int id, int flags) {
     std::string message = Format("Failed to wait for Toolbar('%s', %d).", caption.c_str(), id);
     return {[=](const ghBaseWindow& from) -> std::unique_ptr<ghControlBar> {
                 // A toolbar of the system before one of the host's own kinds.
-                for (const char* className : {"ToolbarWindow32", "BCGToolBar", "BCGPToolBar"}) {
+                for (const std::string_view className :
+                     {std::string_view("ToolbarWindow32"), hostlink::kPlainBarClass,
+                      hostlink::kProfessionalBarClass}) {
                     if (const HWND found =
                             engine::FindChildWindow(from.Window(), caption, className, id, ToFlags(flags))) {
                         return Found<ghToolbar>(found);

@@ -83,17 +83,15 @@ std::string ghOpenSaveDialog::Path() const {
 namespace controls {
 
 HWND FindOpenSaveDialog(HWND from) {
-    DWORD processId = 0;
-    if (GetWindowThreadProcessId(from, &processId) == 0) {
+    const DWORD processId = hostlink::ProcessOf(from);
+    if (processId == 0) {
         return nullptr;
     }
     // The topmost sure one; the topmost of the rest where there is none.
     HWND sure = nullptr;
     HWND likely = nullptr;
     engine::EnumerateWindows(nullptr, [&](HWND window) {
-        DWORD owner = 0;
-        GetWindowThreadProcessId(window, &owner);
-        if (owner == processId && LooksLikeOpenSaveDialog(window)) {
+        if (hostlink::ProcessOf(window) == processId && LooksLikeOpenSaveDialog(window)) {
             likely = likely != nullptr ? likely : window;
             sure = IsSureOpenSaveDialog(window) ? window : nullptr;
         }

@@ -3,6 +3,7 @@
 #include "engine/enumerate.h"
 #include "ghosthand/host_contract.h"
 #include "hostlink/registered_messages.h"
+#include "hostlink/window_kind.h"
 #include "inhouse/dlgkit.h"
 #include "inhouse/hostlink.h"
 
@@ -26,12 +27,6 @@ bool IsCadView(HWND window) {
     return SendMessageA(window, hostlink::MSG_HA_GetViewPosition, 1, 0) == 1;
 }
 
-DWORD ProcessOf(HWND window) noexcept {
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    return processId;
-}
-
 } // namespace
 
 bool IsCadTree(HWND window) {
@@ -53,7 +48,7 @@ HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags) {
 }
 
 HWND FindCadView(HWND from) {
-    const DWORD processId = ProcessOf(from);
+    const DWORD processId = hostlink::ProcessOf(from);
     if (processId == 0) {
         return nullptr;
     }
@@ -67,7 +62,7 @@ HWND FindCadView(HWND from) {
     }
     // The top-level windows of other programs are not asked: one that hangs would block the script.
     engine::EnumerateWindows(nullptr, [&](HWND window) {
-        found = ProcessOf(window) == processId && IsCadView(window) ? window : nullptr;
+        found = hostlink::ProcessOf(window) == processId && IsCadView(window) ? window : nullptr;
         return found == nullptr;
     });
     return found;

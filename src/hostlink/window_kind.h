@@ -16,4 +16,11 @@ inline DWORD WindowExtendedStyle(HWND window) noexcept {
     return static_cast<DWORD>(GetWindowLongPtrA(window, GWL_EXSTYLE));
 }
 
+// The process that owns a window; 0 for a window that is gone.
+inline DWORD ProcessOf(HWND window) noexcept {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(window, &processId);
+    return processId;
+}
+
 } // namespace hostlink

@@ -7,6 +7,7 @@
 #include "engine/window_geometry.h"
 #include "engine/window_relations.h"
 #include "hostlink/script_holds.h"
+#include "hostlink/window_kind.h"
 #include "input/desktop_mapping.h"
 #include "input/mouse_block.h"
 #include "input/mouse_button.h"
@@ -50,16 +51,11 @@ void Send(std::span<INPUT> records) {
     BlockMouseAfterInput();
 }
 
-DWORD ProcessOf(HWND window) noexcept {
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    return processId;
-}
-
 // A program can have the foreground and still lie behind another one, which would get the input.
 void BringOutFromBehindOthers(HWND window, const ScreenPoint& point) noexcept {
     const HWND there = WindowFromPoint({static_cast<LONG>(point.x), static_cast<LONG>(point.y)});
-    if (there != nullptr && there != GetDesktopWindow() && ProcessOf(there) != ProcessOf(window)) {
+    if (there != nullptr && there != GetDesktopWindow() &&
+        hostlink::ProcessOf(there) != hostlink::ProcessOf(window)) {
         if (const HWND root = engine::RootToRaise(window)) {
             BringWindowToTop(root);
         }
