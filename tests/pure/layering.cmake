@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.24)
 
 # From the top to the bottom.
-set(layers server automation controls controlbars input engine hostlink inhouse)
+set(layers server trace explain automation controls controlbars input engine hostlink inhouse)
 
 set(violations "")
 set(include_count 0)

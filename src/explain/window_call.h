@@ -1,0 +1,33 @@
+// The kind of a window as the engine sees it, and the shortest call of a script that reaches it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <windows.h>
+
+#include "explain/call.h"
+
+namespace explain {
+
+// What a script has at the end of the call.
+struct WindowCall {
+    std::string kind;        // the automation class without its prefix: "TreeControl", "BaseWindow" ...
+    Call call;               // empty if the window cannot be reached; `obstacle` says why
+    double milliseconds = 0; // the time that the searches of the call took when it was verified
+    std::string obstacle;
+};
+
+// The automation class for the window, by the engine's own tests. Asks the window's program, if that answers
+// (a program that hangs is not asked).
+std::string_view KindOf(HWND window);
+
+// Each step was run with the engine's own search and found the window. Where several calls reach it, the one
+// with the fewest steps, then the shortest in VBScript; where windows look alike, the nearest parent that
+// tells them apart or an occurrence number.
+WindowCall CallTo(HWND window);
+
+// Runs the call's searches once, without waiting. Null when a step finds nothing.
+HWND Follow(const Call& call);
+
+} // namespace explain
