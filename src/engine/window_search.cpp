@@ -17,7 +17,10 @@ namespace {
 class SearchRun {
 public:
     explicit SearchRun(WindowCriteria& criteria)
-        : m_criteria(criteria), m_describes(diagnostics::Listening()) {}
+        : m_criteria(criteria), m_describes(diagnostics::SinkListens()) {}
+
+    // How many windows it has looked at.
+    int Windows() const noexcept { return m_windows; }
 
     void Enumerate() {
         const auto visit = [this](HWND window) {
@@ -37,6 +40,7 @@ private:
     bool Has(SearchFlag flag) const noexcept { return (m_criteria.flags & flag) != 0; }
 
     void Visit(HWND window) {
+        ++m_windows;
         if (m_describes) {
             Describe(window);
         }
@@ -121,12 +125,13 @@ private:
         if (m_criteria.customTest != nullptr) {
             text += "  Custom function";
         }
-        diagnostics::Report(text);
+        diagnostics::Describe(text);
     }
 
     WindowCriteria& m_criteria;
     bool m_describes;
     bool m_amongDescendants = false;
+    int m_windows = 0;
     ProgramNames m_programs;
 };
 
@@ -166,7 +171,11 @@ bool HasWantedVisibility(const WindowCriteria& criteria, HWND window) noexcept {
 }
 
 bool Search(WindowCriteria& criteria) {
-    SearchRun(criteria).Enumerate();
+    SearchRun run(criteria);
+    run.Enumerate();
+    if (diagnostics::Listener* const listener = diagnostics::CurrentListener()) {
+        listener->Searched(criteria, run.Windows());
+    }
     return criteria.result != nullptr;
 }
 
