@@ -44,6 +44,7 @@ HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags) {
         (flags & kHonoured) | engine::kIgnoreCaption | engine::kIgnoreClass | engine::kIgnoreStyle;
     engine::WantId(criteria, id);
     criteria.customTest = IsGrid;
+    criteria.customKind = "grid";
     return engine::FindBelow(from, criteria);
 }
 
@@ -69,7 +70,7 @@ HWND FindCadView(HWND from) {
 }
 
 HWND FindRibbonWidget(HWND from, std::string_view name, std::int64_t id, std::uint32_t flags) {
-    return engine::FindChildWindow(from, name, "Static", id, flags, IsRibbonWidget);
+    return engine::FindChildWindow(from, name, "Static", id, flags, IsRibbonWidget, "ribbon widget");
 }
 
 } // namespace controls

@@ -12,8 +12,8 @@ namespace controls {
 bool IsCadTree(HWND window);
 bool IsGroupCombo(HWND window);
 
-inline constexpr engine::ControlKind kCadTree = {"SysTreeView32", false, IsCadTree};
-inline constexpr engine::ControlKind kGroupCombo = {"ComboBox", true, IsGroupCombo};
+inline constexpr engine::ControlKind kCadTree = {"SysTreeView32", false, IsCadTree, "CAD tree"};
+inline constexpr engine::ControlKind kGroupCombo = {"ComboBox", true, IsGroupCombo, "group combo"};
 
 // The first match; an occurrence number in the flags counts for nothing.
 HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags);
