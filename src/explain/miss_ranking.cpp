@@ -168,7 +168,8 @@ int Weight(Rejection rejection, int distance) noexcept {
     case Rejection::OtherParent:
         return 34;
     case Rejection::Class:
-        return 12 + distance * 60 / 1000;
+        // Names of different classes have letters in common by chance.
+        return distance > kMostSpellingDistance ? 72 : 12 + distance * 60 / 1000;
     case Rejection::Kind:
         return 40;
     }
