@@ -310,9 +310,8 @@ void Sentences::Say(Rejection rejection) {
     case Rejection::OtherParent:
         return SayOtherParent();
     case Rejection::Class:
-        return Add("class " + Quoted(ClassOf(m_window)) +
-                   (Has(m_search, engine::kClassContains) ? " does not contain " : " is not ") +
-                   Quoted(AnsiToUtf8(m_search.className)));
+        return Add(TextReason("class", ClassOf(m_window), AnsiToUtf8(m_search.className),
+                              TestOf(Has(m_search, engine::kClassContains))));
     case Rejection::Kind:
         return SayKind();
     }
@@ -357,20 +356,12 @@ void Sentences::SayId() {
 
 void Sentences::SayCaption() {
     const std::string caption = FactsOf(m_window).caption;
-    const std::string wanted = Quoted(AnsiToUtf8(m_search.caption));
+    const std::string wanted = AnsiToUtf8(m_search.caption);
     if (caption.empty()) {
-        return Add("has no caption, " + wanted + " is wanted", "give no caption");
+        Add("has no caption, " + Quoted(wanted) + " is wanted", "give no caption");
+    } else {
+        Add(TextReason("caption", caption, wanted, TestOf(Has(m_search, engine::kCaptionContains))));
     }
-    std::string reason = "caption " + Quoted(caption) +
-                         (Has(m_search, engine::kCaptionContains) ? " does not contain " : " is not ") +
-                         wanted;
-    const TextDifference difference = CompareCaption(m_search, m_window).difference;
-    if (difference == TextDifference::Case) {
-        reason += ": it differs only in upper and lower case";
-    } else if (difference == TextDifference::Marks) {
-        reason += ": it differs only in the mark of the key, the dots or the case";
-    }
-    Add(std::move(reason));
 }
 
 void Sentences::SayProgram() {
@@ -466,6 +457,23 @@ std::vector<Miss> NearestMisses(std::span<const WindowCriteria> searches, std::s
         misses.push_back(Describe(searches[rejected.search], rejected));
     }
     return misses;
+}
+
+std::string TextReason(std::string_view what, std::string_view actual, std::string_view wanted,
+                       TextTest test) {
+    std::string reason(what);
+    reason.append(" ").append(Quoted(actual));
+    reason += test == TextTest::Equal      ? " is not "
+              : test == TextTest::Contains ? " does not contain "
+                                           : " does not begin with ";
+    reason += Quoted(wanted);
+    const TextDifference difference = Compare(wanted, actual, test).difference;
+    if (difference == TextDifference::Case) {
+        reason += ": it differs only in upper and lower case";
+    } else if (difference == TextDifference::Marks) {
+        reason += ": it differs only in the mark of the key, the dots or the case";
+    }
+    return reason;
 }
 
 std::string NameOf(HWND window) {

@@ -42,6 +42,10 @@ std::vector<RejectedWindow> RejectedWindows(std::span<const engine::WindowCriter
                                             std::size_t most, ULONGLONG end);
 Miss Describe(const engine::WindowCriteria& search, const RejectedWindow& rejected);
 
+// "caption 'Open File' does not contain 'Open file': it differs only in upper and lower case"; `what` is the
+// first word.
+std::string TextReason(std::string_view what, std::string_view actual, std::string_view wanted,
+                       TextTest test);
 // How a window is called in a sentence, without asking its program: "Button 'OK' id 1".
 std::string NameOf(HWND window);
 // A text in single quotes on one line, shortened where it is long.
