@@ -212,14 +212,15 @@ void Recorder::CallBegins(const Call& call) noexcept {
     Record([&](std::unique_lock<std::mutex>&, ThreadState& state) {
         const MemberFacts& member = m_members.Of(*call.interfaceId, call.member);
         const std::string className = ClassName(call.className);
-        const auto reached = m_objects.find(call.object);
-        const std::string object = className == "Ghosthand"     ? "gh"
-                                   : reached == m_objects.end() ? className
-                                                                : reached->second;
-        OpenCall open = {++m_calls, className, CallText(object, call, member), member, {}, call.window, {}};
+        const auto known = m_objects.find(call.object);
+        const Reached object = className == "Ghosthand"   ? Reached{"gh", {}}
+                               : known == m_objects.end() ? Reached{className, {}}
+                                                          : known->second;
+        const std::string text = CallText(object.text, call, member);
+        OpenCall open = {++m_calls, className, object, text, member, {}, call.window, {}};
         JsonWriter json;
         BeginEvent(json, "call").Key("call").Number(std::int64_t{open.number});
-        json.Key("thread").Number(std::int64_t{GetCurrentThreadId()}).Key("object").Text(object);
+        json.Key("thread").Number(std::int64_t{GetCurrentThreadId()}).Key("object").Text(object.text);
         json.Key("class").Text(className).Key("member").Text(member.name).Key("kind").Text(member.access);
         json.Key("arguments").BeginArray();
         for (std::size_t index = 0; index < call.arguments.size(); ++index) {
@@ -243,7 +244,7 @@ void Recorder::CallEnds(const CallResult& result) noexcept {
         const bool failed = HasFailed(call.member, result);
         const std::string resultText = ResultText(call, result);
         if (result.object != nullptr) {
-            m_objects[result.object] = call.text;
+            m_objects[result.object] = ReachedBy(call);
         }
         WriteSearches(call);
         const double ended = Milliseconds();
@@ -256,6 +257,16 @@ void Recorder::CallEnds(const CallResult& result) noexcept {
         json.Key("failed").Bool(failed).EndObject();
         Write(json);
     });
+}
+
+// Nothing is known of what lies behind an object that was reached in an unknown way.
+Recorder::Reached Recorder::ReachedBy(const OpenCall& call) const {
+    Reached reached = {call.text, {}};
+    if (call.className == "Ghosthand" || !call.object.call.empty()) {
+        reached.call = call.object.call;
+        reached.call.push_back({call.member.name, call.arguments});
+    }
+    return reached;
 }
 
 std::string Recorder::ResultText(const OpenCall& call, const CallResult& result) const {
@@ -305,26 +316,22 @@ void Recorder::Explain(std::unique_lock<std::mutex>& lock, ThreadState& state, c
             desktop = SaveDesktopPicture(m_file.Folder() + L"\\" + explain::ToUtf16(picture));
         }
         explanation = explain::ExplainNothing(
-            {call.member.name, call.className, call.window, call.arguments, searches});
+            {call.member.name, call.className, call.window, call.arguments, searches, call.object.call});
     } catch (const std::exception&) {
         explanation = {};
     }
     lock.lock();
     state.isExplaining = false;
 
+    if (!explanation.reason.empty()) {
+        explain::Miss whole;
+        whole.name = explanation.wanted;
+        whole.reasons = {explanation.reason};
+        explanation.misses.insert(explanation.misses.begin(), std::move(whole));
+    }
     for (const explain::Miss& miss : explanation.misses) {
-        JsonWriter json;
-        BeginEvent(json, "miss").Key("call").Number(std::int64_t{call.number}).Key("name").Text(miss.name);
-        json.Key("reasons").BeginArray();
-        for (const std::string& reason : miss.reasons) {
-            json.Text(reason);
-        }
-        json.EndArray().Key("hint").Text(miss.hint);
-        json.Key("line").Text(&miss == &explanation.misses.front() ? explanation.line : std::string());
-        json.Key("rectangle");
-        WriteRectangle(json, miss.rectangle);
-        json.EndObject();
-        Write(json);
+        const bool isFirst = &miss == &explanation.misses.front();
+        WriteMiss(call.number, miss, isFirst ? explanation.line : std::string());
     }
     if (desktop) {
         ++m_pictures;
@@ -332,13 +339,29 @@ void Recorder::Explain(std::unique_lock<std::mutex>& lock, ThreadState& state, c
         BeginEvent(json, "picture").Key("call").Number(std::int64_t{call.number}).Key("file").Text(picture);
         json.Key("desktop");
         WriteRectangle(json, *desktop);
-        if (!IsEmpty(explanation.frame)) {
+        if (!IsEmpty(explanation.rectangle)) {
             json.Key("frame");
-            WriteRectangle(json, explanation.frame);
+            WriteRectangle(json, explanation.rectangle);
         }
         json.EndObject();
         Write(json);
     }
+}
+
+void Recorder::WriteMiss(int call, const explain::Miss& miss, const std::string& line) {
+    JsonWriter json;
+    BeginEvent(json, "miss").Key("call").Number(std::int64_t{call}).Key("name").Text(miss.name);
+    json.Key("reasons").BeginArray();
+    for (const std::string& reason : miss.reasons) {
+        json.Text(reason);
+    }
+    json.EndArray().Key("hint").Text(miss.hint).Key("line").Text(line);
+    if (!IsEmpty(miss.rectangle)) {
+        json.Key("rectangle");
+        WriteRectangle(json, miss.rectangle);
+    }
+    json.EndObject();
+    Write(json);
 }
 
 void Recorder::StepBegins(const Step& step) noexcept {

@@ -10,7 +10,9 @@
 
 #include "engine/diagnostics.h"
 #include "engine/window_search.h"
+#include "explain/call.h"
 #include "explain/json_writer.h"
+#include "explain/nearest_misses.h"
 #include "trace/member_facts.h"
 #include "trace/trace_file.h"
 
@@ -39,9 +41,16 @@ private:
         int rounds = 0;
     };
 
+    // How a script reached an object.
+    struct Reached {
+        std::string text; // in VBScript
+        explain::Call call;
+    };
+
     struct OpenCall {
         int number;
         std::string className;
+        Reached object;
         std::string text; // in VBScript
         MemberFacts member;
         std::vector<explain::Argument> arguments;
@@ -72,6 +81,8 @@ private:
     // Lets go of the lock meanwhile: the explanation asks the driven program.
     void Explain(std::unique_lock<std::mutex>& lock, ThreadState& state, const OpenCall& call);
 
+    void WriteMiss(int call, const explain::Miss& miss, const std::string& line);
+
     double Milliseconds() const noexcept;
 
     std::mutex m_mutex;
@@ -79,8 +90,10 @@ private:
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     MemberFactsTable m_members;
     std::map<DWORD, ThreadState> m_threads;
-    std::map<const void*, std::string> m_objects; // how each was reached, in VBScript
-    std::map<std::string, int> m_explained;       // how often, by the call's text
+    Reached ReachedBy(const OpenCall& call) const;
+
+    std::map<const void*, Reached> m_objects;
+    std::map<std::string, int> m_explained; // how often, by the call's text
     int m_calls = 0;
     int m_steps = 0;
     int m_pictures = 0;
