@@ -339,9 +339,12 @@ void Recorder::Explain(std::unique_lock<std::mutex>& lock, ThreadState& state, c
         BeginEvent(json, "picture").Key("call").Number(std::int64_t{call.number}).Key("file").Text(picture);
         json.Key("desktop");
         WriteRectangle(json, *desktop);
-        if (!IsEmpty(explanation.rectangle)) {
+        // The window that was searched; without one, as for a main window, what came nearest.
+        RECT searched = explanation.rectangle;
+        GetWindowRect(call.window, &searched);
+        if (!IsEmpty(searched)) {
             json.Key("frame");
-            WriteRectangle(json, explanation.rectangle);
+            WriteRectangle(json, searched);
         }
         json.EndObject();
         Write(json);
