@@ -1,6 +1,11 @@
 #include "explain/explain_nothing.h"
 
 #include <algorithm>
+#include <cwchar>
+
+#include <windows.h>
+
+#include <tlhelp32.h>
 
 #include "explain/failed_call.h"
 #include "explain/utf8.h"
@@ -89,13 +94,34 @@ std::vector<WindowCriteria> WithoutRepetitions(std::span<const WindowCriteria> s
     return once;
 }
 
+// Why no window belongs to the program: it does not run, or has none yet.
+std::string ProgramReason(const std::string& wanted) {
+    const std::wstring prefix = ToUtf16(wanted);
+    std::string reason = "no program runs whose file name begins with " + Quoted(wanted);
+    const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    if (processes == INVALID_HANDLE_VALUE) {
+        return reason;
+    }
+    PROCESSENTRY32W process = {};
+    process.dwSize = sizeof process;
+    for (BOOL more = Process32FirstW(processes, &process); more; more = Process32NextW(processes, &process)) {
+        if (_wcsnicmp(process.szExeFile, prefix.c_str(), prefix.size()) == 0) {
+            reason =
+                Quoted(ToUtf8(process.szExeFile)) + " runs, but it has no window that can be seen from here";
+            break;
+        }
+    }
+    CloseHandle(processes);
+    return reason;
+}
+
 Explanation ExplainSearches(const FailedCall& repeatedCall, ULONGLONG end) {
     const auto searches = WithoutRepetitions(repeatedCall.searches);
     FailedCall call = repeatedCall;
     call.searches = searches;
     Explanation explanation;
     explanation.wanted = WantedBy(call.searches);
-    const auto windows = RejectedWindows(call.searches, kMostMisses, (std::min)(end, GetTickCount64() + 500));
+    const auto windows = RejectedWindows(call.searches, kMostMisses, std::min(end, GetTickCount64() + 500));
     for (const RejectedWindow& window : windows) {
         explanation.misses.push_back(Describe(call.searches[window.search], window));
     }
@@ -105,6 +131,11 @@ Explanation ExplainSearches(const FailedCall& repeatedCall, ULONGLONG end) {
         }
         explanation.misses[index].line = MendedLine(call, windows[index]);
         explanation.line = explanation.misses[index].line;
+    }
+    const WindowCriteria& search = searches.front();
+    const bool hasProgram = std::ranges::any_of(windows, &RejectedWindow::hasProgram);
+    if (search.parent == nullptr && search.moduleName[0] != '\0' && !hasProgram) {
+        explanation.reason = ProgramReason(AnsiToUtf8(search.moduleName));
     }
     return explanation;
 }

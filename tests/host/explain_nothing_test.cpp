@@ -119,9 +119,8 @@ TEST_F(ExplainNothing, NamesTheItemsOfListsThatComeNearest) {
     EXPECT_EQ(FirstMiss(list), "item 'Steel': text 'Steel' does not begin with 'Stel'");
     EXPECT_EQ(Explain("ListBox", "List boxes.1022", "SelectItem", {Number(99)}).reason,
               "ListBox id 1022 has 12 items, 0 to 11; 99 is none of them");
-    EXPECT_EQ(FirstMiss(Explain("ListView", "List views.1150", "SelectItemByName", {Text("bearing")})),
-              "item 'Bearing': text 'Bearing' does not begin with 'bearing': it differs only in upper and "
-              "lower case");
+    EXPECT_EQ(FirstMiss(Explain("ListView", "List views.1150", "SelectItemByName", {Text("Baering")})),
+              "item 'Bearing': text 'Bearing' does not begin with 'Baering'");
     EXPECT_EQ(Explain("ListView", "List views.1150", "CheckItem", {Number(1)}).reason,
               "SysListView32 id 1150 has no check boxes");
     EXPECT_EQ(FirstMiss(Explain("TabControl", "Tabs.1220", "SelectItemByName", {Text("genral")})),
@@ -212,6 +211,54 @@ TEST_F(ExplainNothing, AsksNothingOfAProgramThatHangs) {
     EXPECT_LT(GetTickCount64() - begin, 5000u);
     EXPECT_EQ(explanation.reason, "the program does not answer");
     EXPECT_THAT(FirstMiss(explanation), HasSubstr("does not contain 'Fnd'"));
+}
+
+TEST(ExplainNothingElsewhere, BearsThousandsOfWindows) {
+    const SampleHost crowd("--many-children 5000");
+    HWND tree = nullptr;
+    ASSERT_TRUE(Eventually([&] {
+        tree = FindWindowA(ids::kTreeClass, nullptr);
+        return engine::FindControl(tree, engine::kEdit, 0, engine::kAnyDescendant) != nullptr;
+    }));
+    engine::WindowCriteria search;
+    search.parent = tree;
+    search.flags = engine::kIgnoreStyle | engine::kIgnoreCaption | engine::kAnyDescendant;
+    engine::WantClass(search, "Edit");
+    search.controlId = 1;
+    const auto windows = explain::RejectedWindows({&search, 1}, 1, GetTickCount64() + 60000);
+    ASSERT_EQ(windows.size(), 1u);
+    EXPECT_EQ(GetDlgCtrlID(windows[0].window), ids::kFirstOfMany + 4999);
+    EXPECT_THAT(windows[0].rejections, ElementsAre(explain::Rejection::Id));
+
+    FailedCall call;
+    call.member = "Edit";
+    call.window = tree;
+    call.searches = {&search, 1};
+    const ULONGLONG begin = GetTickCount64();
+    const Explanation explanation = explain::ExplainNothing(call);
+    std::printf("%d ms: %s\n", static_cast<int>(GetTickCount64() - begin), FirstMiss(explanation).c_str());
+    EXPECT_LT(GetTickCount64() - begin, 5000u);
+}
+
+TEST(ExplainNothingElsewhere, SaysThatAProgramDoesNotRun) {
+    engine::WindowCriteria search;
+    search.flags = engine::kIgnoreStyle | engine::kIgnoreId | engine::kIgnoreCaption | engine::kIgnoreClass;
+    const auto explain = [&](const char* program) {
+        engine::SetSearchText(search.moduleName, program);
+        FailedCall call;
+        call.member = "MainWindow";
+        call.arguments = {std::string(program)};
+        call.searches = {&search, 1};
+        return explain::ExplainNothing(call);
+    };
+    EXPECT_EQ(explain("no_such_program").reason,
+              "no program runs whose file name begins with 'no_such_program'");
+    EXPECT_EQ(explain("SERVICES").reason,
+              "'services.exe' runs, but it has no window that can be seen from here");
+    const SampleHost host;
+    const Explanation mistyped = explain("sampel_host");
+    EXPECT_THAT(FirstMiss(mistyped), EndsWith("; 'sample_host.exe' runs"));
+    EXPECT_EQ(mistyped.line, "gh.MainWindow(\"sample_host.exe\")");
 }
 
 TEST(ExplainNothingElsewhere, NamesTheButtonOfNotepadsFindDialog) {
