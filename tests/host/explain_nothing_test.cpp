@@ -213,6 +213,22 @@ TEST_F(ExplainNothing, AsksNothingOfAProgramThatHangs) {
     EXPECT_THAT(FirstMiss(explanation), HasSubstr("does not contain 'Fnd'"));
 }
 
+TEST_F(ExplainNothing, FindsTheWayItself) {
+    EXPECT_EQ(Explain("TreeControl", "Trees.1140", "ItemByPath", {Text("Box|hole 1")}, {}).line, "x");
+    // No change of the arguments leads to a window of another parent.
+    const engine::WindowCriteria search = ButtonCriteria(host->Window("Palette"), "Close");
+    FailedCall call;
+    call.member = "Button";
+    call.kind = "BaseWindow";
+    call.window = search.parent;
+    call.arguments = {Text("Close")};
+    call.searches = {&search, 1};
+    call.reached = kReached;
+    const Explanation explanation = explain::ExplainNothing(call);
+    EXPECT_EQ(FirstMiss(explanation), "x");
+    EXPECT_EQ(explanation.line, "x");
+}
+
 TEST(ExplainNothingElsewhere, BearsThousandsOfWindows) {
     const SampleHost crowd("--many-children 5000");
     HWND tree = nullptr;
