@@ -1,9 +1,16 @@
 #include "explain/explain_nothing.h"
 
 #include <algorithm>
+#include <cwchar>
 
+#include <windows.h>
+
+#include <tlhelp32.h>
+
+#include "explain/call_text.h"
 #include "explain/failed_call.h"
 #include "explain/utf8.h"
+#include "explain/window_call.h"
 #include "explain/window_facts.h"
 
 namespace explain {
@@ -89,22 +96,57 @@ std::vector<WindowCriteria> WithoutRepetitions(std::span<const WindowCriteria> s
     return once;
 }
 
+// The shortest call to a window; empty if there is none.
+std::string LineTo(HWND window) {
+    const Call call = CallTo(window).call;
+    return call.empty() ? std::string() : CallText(call, Language::VBScript);
+}
+
+// Why no window belongs to the program: it does not run, or has none yet.
+std::string ProgramReason(const std::string& wanted) {
+    const std::wstring prefix = ToUtf16(wanted);
+    std::string reason = "no program runs whose file name begins with " + Quoted(wanted);
+    const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    if (processes == INVALID_HANDLE_VALUE) {
+        return reason;
+    }
+    PROCESSENTRY32W process = {};
+    process.dwSize = sizeof process;
+    for (BOOL more = Process32FirstW(processes, &process); more; more = Process32NextW(processes, &process)) {
+        if (_wcsnicmp(process.szExeFile, prefix.c_str(), prefix.size()) == 0) {
+            reason =
+                Quoted(ToUtf8(process.szExeFile)) + " runs, but it has no window that can be seen from here";
+            break;
+        }
+    }
+    CloseHandle(processes);
+    return reason;
+}
+
 Explanation ExplainSearches(const FailedCall& repeatedCall, ULONGLONG end) {
     const auto searches = WithoutRepetitions(repeatedCall.searches);
     FailedCall call = repeatedCall;
     call.searches = searches;
     Explanation explanation;
     explanation.wanted = WantedBy(call.searches);
-    const auto windows = RejectedWindows(call.searches, kMostMisses, (std::min)(end, GetTickCount64() + 500));
+    const auto windows = RejectedWindows(call.searches, kMostMisses, std::min(end, GetTickCount64() + 500));
     for (const RejectedWindow& window : windows) {
         explanation.misses.push_back(Describe(call.searches[window.search], window));
     }
-    for (std::size_t index = 0; index < windows.size() && explanation.line.empty(); ++index) {
-        if (GetTickCount64() + kMillisecondsForLine > end) {
-            break;
+    const auto hasTime = [&] { return GetTickCount64() + kMillisecondsForLine < end; };
+    for (std::size_t index = 0; index < windows.size() && explanation.line.empty() && hasTime(); ++index) {
+        std::string& line = explanation.misses[index].line;
+        line = MendedLine(call, windows[index]);
+        const bool isLate = windows[index].rejections.front() == Rejection::Late;
+        if (line.empty() && !isLate && index == 0 && hasTime() && Answers(windows[index].window)) {
+            line = LineTo(windows[index].window);
         }
-        explanation.misses[index].line = MendedLine(call, windows[index]);
-        explanation.line = explanation.misses[index].line;
+        explanation.line = line;
+    }
+    const WindowCriteria& search = searches.front();
+    const bool hasProgram = std::ranges::any_of(windows, &RejectedWindow::hasProgram);
+    if (search.parent == nullptr && search.moduleName[0] != '\0' && !hasProgram) {
+        explanation.reason = ProgramReason(AnsiToUtf8(search.moduleName));
     }
     return explanation;
 }
@@ -141,7 +183,14 @@ Explanation Explain(const FailedCall& call) {
 } // namespace
 
 Explanation ExplainNothing(const FailedCall& call) {
-    Explanation explanation = Explain(call);
+    // For its line. An item of a bar needs to know which it is.
+    const bool needsWay = call.reached.empty() && call.window != nullptr && call.kind != "ControlBarItem" &&
+                          Answers(call.window);
+    FailedCall reachedCall = call;
+    if (needsWay) {
+        reachedCall.reached = CallTo(call.window).call;
+    }
+    Explanation explanation = Explain(reachedCall);
     FrameNearest(explanation, call.window);
     return explanation;
 }

@@ -240,7 +240,7 @@ Explanation ExplainTreeNumbers(const FailedCall& call, ULONGLONG end) {
     const TreeWalk<HTREEITEM> tree = TreeViewWalk(call.window);
     HTREEITEM parent = nullptr;
     for (const std::string& token : *tokens) {
-        const int number = (std::max)(engine::PathNumber(token), 1);
+        const int number = std::max(engine::PathNumber(token), 1);
         int count = 0;
         HTREEITEM item = tree.firstChild(parent == nullptr ? nullptr : &parent);
         HTREEITEM last = nullptr;
@@ -486,7 +486,7 @@ int DistanceOf(const BarItem& item, const std::string& caption, std::int64_t id)
     if (id != 0) {
         const int difference =
             Compare(std::to_string(id), std::to_string(item.command), TextTest::Equal).distance;
-        distance = (std::min)(distance, difference);
+        distance = std::min(distance, difference);
     }
     return distance;
 }

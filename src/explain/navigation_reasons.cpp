@@ -51,7 +51,7 @@ std::vector<Miss> TopLevelMisses(DWORD processId, ULONGLONG end,
         return GetTickCount64() < end;
     });
     std::ranges::stable_sort(misses, {}, [](const Miss& miss) { return miss.reasons.size(); });
-    misses.resize((std::min)(misses.size(), kMostMisses));
+    misses.resize(std::min(misses.size(), kMostMisses));
     return misses;
 }
 

@@ -47,6 +47,12 @@ public:
     // Ends early for a window that has no place among the nearest.
     int Weigh(HWND window, const NearestList& nearest, RejectedWindow& result);
 
+    // Whether it has the class or, where any will do, the id.
+    bool HasWantedKey(HWND window) {
+        return m_tests.Passes(Has(m_search, engine::kIgnoreClass) ? WindowTest::Id : WindowTest::Class,
+                              window);
+    }
+
     std::uint32_t Matches() const noexcept { return m_matches; }
     bool HasProgram() const noexcept { return m_hasProgram; }
 
@@ -92,10 +98,10 @@ int SearchTests::Weigh(HWND window, const NearestList& nearest, RejectedWindow& 
             ordered.test == WindowTest::Place ? PlaceRejection(window) : ordered.rejection;
         hasClass = hasClass && ordered.test != WindowTest::Class;
         result.rejections.push_back(rejection);
-        weight += Weight(rejection, DistanceOf(ordered.test, window));
-        if (!nearest.HasPlaceFor(weight)) {
-            return weight;
+        if (!nearest.HasPlaceFor(weight + Weight(rejection, 0))) {
+            return NearestList::kFarthest + 1; // whatever its text is
         }
+        weight += Weight(rejection, DistanceOf(ordered.test, window));
     }
     if (m_search.customTest != nullptr && hasClass && !PassesCustomTest(window, result)) {
         result.rejections.push_back(Rejection::Kind);
@@ -169,7 +175,14 @@ public:
     // The descendants of a window, or the top-level windows of a program, of all programs for 0.
     void VisitDescendants(HWND parent) {
         if (parent != nullptr) {
-            engine::EnumerateWindows(parent, [this](HWND window) { return Visit(window); });
+            std::vector<HWND> windows;
+            engine::EnumerateWindows(parent, [&](HWND window) {
+                windows.push_back(window);
+                return true;
+            });
+            // Among thousands the time may run out: what was most probably meant goes first.
+            std::ranges::stable_partition(windows, [this](HWND window) { return HasWantedKey(window); });
+            std::ranges::all_of(windows, [this](HWND window) { return Visit(window); });
         }
     }
     std::vector<HWND> VisitTopLevel(DWORD processId) {
@@ -196,8 +209,15 @@ public:
     }
 
 private:
+    bool IsOver() const noexcept { return GetTickCount64() >= m_end; }
+
+    bool HasWantedKey(HWND window) {
+        return !IsOver() &&
+               std::ranges::any_of(m_tests, [&](SearchTests& tests) { return tests.HasWantedKey(window); });
+    }
+
     bool Visit(HWND window) {
-        if (GetTickCount64() >= m_end) {
+        if (IsOver()) {
             return false;
         }
         if (!m_visited.insert(window).second) {
