@@ -27,6 +27,12 @@ enum Control : int {
     kDo = 135,
     kAnswer = 136, // edit control, read-only
     kStatus = 140,
+    kLanguageLabel = 150,
+    kArgumentsLabel = 151,
+    kAnswerLabel = 152,
+    kTreeLabel = 153,
+    kFindLabel = 154,
+    kPickLabel = 155,
     kFindPrevious = 201, // by its key alone, like those that follow
     kGoToFind = 202,
     kNextPage = 203,
