@@ -15,6 +15,16 @@ bool AnswersProbe(HWND window, UINT message) {
     return SendMessageA(window, message, 0, 0) == ghosthand::host_contract::kProbeAnswer;
 }
 
+} // namespace
+
+bool IsCadTree(HWND window) {
+    return AnswersProbe(window, hlWM_REQUEST_CAD_TREE_INFORMATION);
+}
+
+bool IsGroupCombo(HWND window) {
+    return dkGroupComboHelpers::check_combo_type(window);
+}
+
 bool IsGrid(HWND window) {
     return AnswersProbe(window, hostlink::MSG_GX_RequestGridInformation);
 }
@@ -25,16 +35,6 @@ bool IsRibbonWidget(HWND window) {
 
 bool IsCadView(HWND window) {
     return SendMessageA(window, hostlink::MSG_HA_GetViewPosition, 1, 0) == 1;
-}
-
-} // namespace
-
-bool IsCadTree(HWND window) {
-    return AnswersProbe(window, hlWM_REQUEST_CAD_TREE_INFORMATION);
-}
-
-bool IsGroupCombo(HWND window) {
-    return dkGroupComboHelpers::check_combo_type(window);
 }
 
 HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags) {

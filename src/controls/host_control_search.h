@@ -9,8 +9,12 @@
 
 namespace controls {
 
+// Each asks the window itself.
 bool IsCadTree(HWND window);
 bool IsGroupCombo(HWND window);
+bool IsGrid(HWND window);
+bool IsRibbonWidget(HWND window);
+bool IsCadView(HWND window);
 
 inline constexpr engine::ControlKind kCadTree = {"SysTreeView32", false, IsCadTree};
 inline constexpr engine::ControlKind kGroupCombo = {"ComboBox", true, IsGroupCombo};
