@@ -14,6 +14,7 @@
 
 #include "Ghosthand_idl.h"
 #include "explain/utf8.h"
+#include "hostlink/module_sends.h"
 
 namespace apps {
 
@@ -170,7 +171,13 @@ HMODULE LoadUnpackedModule(const fs::path& folder) {
 }
 
 HMODULE GhosthandModule() {
-    static const HMODULE module = LoadUnpackedModule(TemporaryFolder());
+    static const HMODULE module = [] {
+        const HMODULE loaded = LoadUnpackedModule(TemporaryFolder());
+        if (!hostlink::SendThroughModule(loaded)) {
+            throw std::runtime_error("The module does not send for other programs");
+        }
+        return loaded;
+    }();
     return module;
 }
 
