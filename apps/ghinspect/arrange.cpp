@@ -105,10 +105,11 @@ void Arrange(HWND window, Scale scale, const Fonts& fonts) {
     placing.Put(ids::kVerdict, right, top, width, 2 * line + 2);
     top += 2 * line + gap;
 
-    placing.Put(ids::kPages, right, top, width, bottom - top);
+    // Of the tab control only the tabs are seen.
     RECT page = {right, top, right + width, bottom};
     TabCtrl_AdjustRect(GetDlgItem(window, ids::kPages), FALSE, &page);
-    InflateRect(&page, -gap, -gap);
+    placing.Put(ids::kPages, right, top, width, page.top - top);
+    page = {right, page.top, right + width, bottom};
     const int pageWidth = page.right - page.left;
     placing.Put(ids::kFacts, page.left, page.top, pageWidth, page.bottom - page.top);
     const int label = scale(kLabelWidth);

@@ -53,7 +53,7 @@ void CallBox::Create(HWND parent, explain::Language language) {
         }
     }
     CreateControl(parent, WC_BUTTONW, L"&Copy (Ctrl+C)", WS_TABSTOP | BS_PUSHBUTTON, ids::kCopy);
-    m_text = CreateControl(parent, WC_EDITW, L"", WS_TABSTOP | ES_MULTILINE | ES_READONLY | WS_VSCROLL,
+    m_text = CreateControl(parent, WC_EDITW, L"", WS_TABSTOP | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
                            ids::kCall, WS_EX_CLIENTEDGE);
 }
 

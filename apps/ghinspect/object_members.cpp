@@ -294,21 +294,26 @@ private:
         BSTR help = nullptr;
         type.GetDocumentation(function.memid, nullptr, &help, nullptr, nullptr);
         member.help = TakeText(help);
-        member.kind = function.invkind == INVOKE_PROPERTYPUT ? Member::Kind::Put
-                      : taken == 0 && IsReader(type, function, member.name) ? Member::Kind::Value
-                                                                             : Member::Kind::Action;
+        member.kind = KindOf(type, function, member.name, taken);
         m_members.push_back(std::move(member));
     }
 
-    static bool IsReader(ITypeInfo& type, const FUNCDESC& function, const std::wstring& name) {
-        if (function.invkind != INVOKE_PROPERTYGET) {
-            return std::ranges::find(kReaders, name) != std::end(kReaders);
+    static Member::Kind KindOf(ITypeInfo& type, const FUNCDESC& function, const std::wstring& name,
+                               UINT parameters) {
+        if (function.invkind == INVOKE_PROPERTYPUT) {
+            return Member::Kind::Put;
         }
         // A dispatch interface has the result in its place, a vtable interface as its last parameter.
-        const TYPEDESC& result = function.cParams > 0
+        const bool hasResultParameter = static_cast<UINT>(function.cParams) > parameters;
+        const TYPEDESC& result = hasResultParameter
                                      ? function.lprgelemdescParam[function.cParams - 1].tdesc
                                      : function.elemdescFunc.tdesc;
-        return !IsObjectType(type, result);
+        if (IsObjectType(type, result)) {
+            return Member::Kind::Finder;
+        }
+        const bool reads = function.invkind == INVOKE_PROPERTYGET ||
+                           std::ranges::find(kReaders, name) != std::end(kReaders);
+        return reads && parameters == 0 ? Member::Kind::Value : Member::Kind::Action;
     }
 
     std::vector<Member>& m_members;
@@ -336,7 +341,8 @@ ObjectReport ReadObject(const explain::Call& call) {
     report.interfaceName = NameOf(*type);
     TypeReader(report.members).Read(*type);
     std::ranges::stable_sort(report.members, {}, [](const Member& member) {
-        return std::pair(member.kind != Member::Kind::Value, member.name);
+        const int group = member.kind == Member::Kind::Value ? 0 : member.kind == Member::Kind::Finder ? 2 : 1;
+        return std::pair(group, member.name);
     });
     for (Member& member : report.members) {
         if (member.kind == Member::Kind::Value) {

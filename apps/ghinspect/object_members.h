@@ -10,7 +10,8 @@
 namespace inspector {
 
 struct Member {
-    enum class Kind { Value, Action, Put };
+    // Finder: leads to another object.
+    enum class Kind { Value, Action, Put, Finder };
 
     std::wstring name;
     Kind kind = Kind::Action;
@@ -22,13 +23,13 @@ struct Member {
 
 struct ObjectReport {
     std::wstring interfaceName;
-    std::vector<Member> members; // values first
+    std::vector<Member> members; // values, then what does something, then finders
     std::wstring obstacle;       // why there are none
     std::wstring answer;         // where the call ends in a text or number: this
 };
 
-// Values are read, except those that lead to other objects; these count as actions. Where the call ends in
-// something that is no object, the members are those of the object before it.
+// Values are read. Where the call ends in something that is no object, the members are those of the object
+// before it.
 ObjectReport ReadObject(const explain::Call& call);
 
 // What the member answered, in words.
