@@ -133,7 +133,11 @@ int Unregister(Arguments arguments) {
             explain::ToUtf8(before->path) + "\n");
         return kFailed;
     }
-    if (const HRESULT result = UnregisterModule(file, request->scope); FAILED(result)) {
+    // Removing stops where something is missing, and would leave the rest.
+    const bool isWhole = isUsable && before->faults.empty();
+    const HRESULT mended = isWhole ? S_OK : RegisterModule(file, request->scope);
+    if (const HRESULT result = FAILED(mended) ? mended : UnregisterModule(file, request->scope);
+        FAILED(result)) {
         return ReportFailure("Unregistering", result, request->scope);
     }
     Print(std::string("No longer registered ") + Whom(request->scope) + ": " +

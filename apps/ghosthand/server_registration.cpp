@@ -128,11 +128,14 @@ struct Comparison {
     std::vector<std::string> faults;
 };
 
-// The keys that lie above a registration's own and belong to everybody.
-constexpr std::array kSharedKeys = {L"AppID", L"CLSID", L"Interface", L"TypeLib"};
+// The keys that lie above a registration's own and belong to everybody, the lower ones first.
+constexpr std::array kSharedKeys = {L"AppID",     L"CLSID",   L"Wow6432Node\\Interface",
+                                    L"Interface", L"TypeLib", L"Wow6432Node"};
 
 bool IsShared(const std::wstring& path) {
-    return std::ranges::find(kSharedKeys, path) != kSharedKeys.end();
+    return std::ranges::any_of(kSharedKeys, [&](const wchar_t* shared) {
+        return CompareStringOrdinal(path.c_str(), -1, shared, -1, TRUE) == CSTR_EQUAL;
+    });
 }
 
 // Many users have no classes of their own but these.
