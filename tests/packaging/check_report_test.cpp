@@ -103,6 +103,7 @@ TEST(CheckReport, KnowsThatAdministratorsDoNotSeeAUsersRegistration) {
     CheckFacts facts = Healthy();
     facts.registrations[0].isForCurrentUser = true;
     facts.objectError = "0x80040154";
+    EXPECT_THAT(CheckReport(facts), Says(Verdict::Problem, "0x80040154", "allow ghosthand.dll"));
     facts.isElevated = true;
     EXPECT_THAT(CheckReport(facts), Says(Verdict::Problem, "0x80040154", "runs as administrator"));
 }
