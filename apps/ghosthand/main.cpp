@@ -4,6 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "ghosthand/check_verb.h"
+#include "ghosthand/holders_verb.h"
+#include "ghosthand/register_verb.h"
 #include "ghosthand/verbs.h"
 #include "shared/console.h"
 
@@ -18,6 +21,24 @@ struct Verb {
 int Help(apps::Arguments);
 
 constexpr Verb kVerbs[] = {
+    {"register",
+     "[--user] [FILE]\n  Registers ghosthand.dll, the one beside this program or FILE, for all users or the "
+     "current one.",
+     apps::Register},
+    {"unregister",
+     "[--user] [FILE]\n  Removes the registration for all users or the current one; with FILE only if FILE "
+     "is registered.",
+     apps::Unregister},
+    {"check",
+     "[--mend] [PROGRAM]\n  Says what is wrong with the installation, this desktop and the running PROGRAM, "
+     "and what to do.\n"
+     "  With --mend, registers anew what was registered halfway.",
+     apps::Check},
+    {"holders",
+     "[PATH]\n  Names the programs that hold PATH, a file or a folder with all that is in it; without it the "
+     "registered\n"
+     "  ghosthand.dll. Exit code 1 if there are any.",
+     apps::Holders},
     {"help", "[VERB]\n  Says what there is to type.", Help},
     {"windows",
      "[PROGRAM] [--json] [--calls] [--language NAME] [--watch]\n"
