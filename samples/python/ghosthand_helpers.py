@@ -32,8 +32,14 @@ def wait_until_gone(window, timeout=10):
     """Waits until the window is closed or hidden. False if it is still there."""
     end = time.monotonic() + timeout
     while window.Visible and time.monotonic() < end:
-        window.ChildWindow(NO_SUCH, NO_SUCH, 0, 0, 1)  # a search ends early when its window goes
+        _pause(window)
+    _pause(window)  # a dialog that is closed is hidden first, and then its owner takes input again
     return not window.Visible
+
+
+def _pause(window):
+    """Waits for a second, or until the window no longer exists: a search ends early then."""
+    window.ChildWindow(NO_SUCH, NO_SUCH, 0, 0, 1)
 
 
 def open_dialog(window, command, timeout=10):

@@ -74,5 +74,28 @@ client_python() {
     stories 'C:\python\python.exe' samples/python py
 }
 
+client_comtypes() {
+    packages_get
+    start_session
+    install_python
+    stories 'C:\python\python.exe' samples/python_comtypes py
+}
+
+client_autohotkey() {
+    packages_get
+    start_session
+    stories "$packages/AutoHotkey64.exe" '/ErrorStdOut' samples/autohotkey ahk
+}
+
+client_jscript() {
+    start_session
+    stories cscript.exe //nologo samples/jscript js
+}
+
+client_vbscript() {
+    start_session
+    stories cscript.exe //nologo samples/vbscript vbs
+}
+
 client=$1
 "client_$client"
