@@ -95,6 +95,9 @@ client_jscript() {
 client_vbscript() {
     start_session
     stories cscript.exe //nologo samples/vbscript vbs
+    # Wine's VBScript cannot take a file in: what the script says to do there.
+    cat samples/vbscript/{use_helpers,ghosthand_helpers}.vbs >"$WINEPREFIX/use_helpers.vbs"
+    drive "$GHOSTHAND_SAMPLE_HOST" cscript.exe //nologo "$(windows_path "$WINEPREFIX/use_helpers.vbs")"
 }
 
 client=$1
