@@ -17,6 +17,7 @@ start_session() {
     session_start
     output=$WINEPREFIX/client.txt
     session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null
+    session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x1024 /f >/dev/null
     session_run 60 regsvr32.exe /s "$GHOSTHAND_DLL" || fail "regsvr32 refused the server."
 }
 
@@ -72,6 +73,8 @@ client_python() {
     start_session
     install_python
     stories 'C:\python\python.exe' samples/python py
+    python_contract late
+    python_contract early
 }
 
 client_comtypes() {
@@ -79,6 +82,12 @@ client_comtypes() {
     start_session
     install_python
     stories 'C:\python\python.exe' samples/python_comtypes py
+    python_contract vtable
+}
+
+python_contract() {
+    drive "$GHOSTHAND_SAMPLE_HOST" 'C:\python\python.exe' "$(windows_path tests/clients/scripts/contract.py)" \
+        "$1" "$(windows_path tests/com/expected_type_library.txt)" "$GHOSTHAND_DLL"
 }
 
 client_autohotkey() {
@@ -101,4 +110,5 @@ client_vbscript() {
 }
 
 client=$1
+[[ -z ${2:-} ]] || stories() { :; } # contract only
 "client_$client"
