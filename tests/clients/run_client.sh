@@ -1,7 +1,7 @@
 #!/bin/bash
 # run_client.sh CLIENT: one client's stories on a desktop and in a Wine prefix of its own, where the server is
-# registered for it. CTest runs it with GHOSTHAND_DLL, GHOSTHAND_SAMPLE_HOST and GHOSTHAND_CPP_SAMPLES, which say where
-# these are; ends with 77 where what the client needs cannot be had.
+# registered for it. CTest runs it with GHOSTHAND_DLL, GHOSTHAND_SAMPLE_HOST, GHOSTHAND_MINIMAL_HOST and
+# GHOSTHAND_CPP_SAMPLES, which say where these are; ends with 77 where what the client needs cannot be had.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 # shellcheck source=tools/wine/session.sh
@@ -95,6 +95,11 @@ client_cpp() {
     drive notepad.exe "$GHOSTHAND_CPP_SAMPLES/cpp_notepad.exe"
     drive "$GHOSTHAND_SAMPLE_HOST" "$GHOSTHAND_CPP_SAMPLES/cpp_sample_host.exe"
     drive "$GHOSTHAND_SAMPLE_HOST" "$GHOSTHAND_CPP_SAMPLES/cpp_cad_story.exe"
+}
+
+client_minimal_host() {
+    start_session
+    drive "$GHOSTHAND_MINIMAL_HOST" cscript.exe //nologo "$(windows_path samples/minimal_host/minimal_host.vbs)"
 }
 
 client_autohotkey() {
