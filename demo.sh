@@ -10,17 +10,17 @@ source tools/wine/build.sh
 
 demo=$PWD/build/demo
 
-# drive NAME PROGRAM: starts the program, runs samples/scripts/NAME.vbs on it, takes its picture.
+# drive NAME PROGRAM: starts the program, runs samples/vbscript/NAME.vbs on it, takes its picture.
 drive() {
     local name=$1 program=$2 script program_pid
-    script=$(windows_path "samples/scripts/$name.vbs")
-    say "Starting $program, driven by samples/scripts/$name.vbs"
+    script=$(windows_path "samples/vbscript/$name.vbs")
+    say "Starting $program, driven by samples/vbscript/$name.vbs"
     timeout 300 wine "$program" </dev/null >"$demo/$name.log" 2>&1 &
     program_pid=$!
     SESSION_OUTPUT=$demo/$name.txt session_run 180 cscript.exe //nologo "$script" || true
     # Wine's cscript answers 0 for an error in a script, too: the last line tells the truth.
     grep -q '^Done' "$demo/$name.txt" ||
-        fail "The script samples/scripts/$name.vbs failed." "Its last line says where. What $program wrote: $demo/$name.log"
+        fail "The script samples/vbscript/$name.vbs failed." "Its last line says where. What $program wrote: $demo/$name.log"
     # What a closed dialog covered is painted when the program gets to it.
     sleep 1
     session_screenshot "$demo/$name.png" || fail "No screenshot could be taken of the desktop $DISPLAY."

@@ -59,7 +59,7 @@ TEST_F(ControlsScriptTest, TreesAndListViewsOfTheSampleHost) {
 }
 
 TEST_F(ControlsScriptTest, CadProgram) {
-    EXPECT_THAT(Drive(SampleHostProgram(), "..\\..\\..\\samples\\scripts\\cad_story.vbs"),
+    EXPECT_THAT(Drive(SampleHostProgram(), "..\\..\\..\\samples\\vbscript\\cad_story.vbs"),
                 EndsWith("Done\r\n"));
 }
 

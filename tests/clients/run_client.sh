@@ -1,0 +1,126 @@
+#!/bin/bash
+# run_client.sh CLIENT: one client's stories on a desktop and in a Wine prefix of its own, where the server is
+# registered for it. CTest runs it with GHOSTHAND_DLL, GHOSTHAND_SAMPLE_HOST, GHOSTHAND_MINIMAL_HOST and
+# GHOSTHAND_CPP_SAMPLES, which say where these are; ends with 77 where what the client needs cannot be had.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+# shellcheck source=tools/wine/session.sh
+source tools/wine/session.sh
+# shellcheck source=tests/clients/packages.sh
+source tests/clients/packages.sh
+
+output=
+
+# start_session: a desktop with the server registered, and windows with frames, which Wine's own desktop draws.
+start_session() {
+    # shellcheck disable=SC2119
+    session_start
+    output=$WINEPREFIX/client.txt
+    session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null
+    session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x1024 /f >/dev/null
+    session_run 60 regsvr32.exe /s "$GHOSTHAND_DLL" || fail "regsvr32 refused the server."
+}
+
+# install_python: as on a tester's machine, C:\python. Clients write into it (what they generate).
+install_python() {
+    cp -a --reflink=auto "$packages/python" "$WINEPREFIX/drive_c/python"
+}
+
+# run_windows PROGRAM [ARGUMENT...]: the program's output is shown and stays in $output. Its exit code.
+# Through a pipe: Python does not take a file of this machine for its output.
+run_windows() {
+    local code=0 reader
+    exec 7> >(exec 7>&-; tr -d '\r' | tee "$output")
+    reader=$!
+    timeout --kill-after=5 240 wine "$@" </dev/null >&7 2>&1 || code=$?
+    exec 7>&-
+    # Programs that stay behind may hold the pipe open: what was written is there soon.
+    for _ in {1..20}; do
+        kill -0 "$reader" 2>/dev/null || break
+        sleep 0.1
+    done
+    return "$code"
+}
+
+# drive PROGRAM COMMAND...: runs the command while the program is there to be driven; it must end with "Done".
+drive() {
+    local program=$1 program_pid code=0
+    shift
+    say "${*##*[\\/]} on ${program##*[\\/]}"
+    timeout 600 wine "$program" </dev/null >"$WINEPREFIX/program.txt" 2>&1 &
+    program_pid=$!
+    run_windows "$@" || code=$?
+    [[ $code == 0 && $(tail -n 1 "$output") == Done ]] || {
+        session_screenshot "build/wine/$client.png" || true
+        cat "$WINEPREFIX/program.txt"
+        fail "${*##*[\\/]} did not come to its end (exit code $code)." "The desktop: build/wine/$client.png"
+    }
+    kill "$program_pid" 2>/dev/null || true
+    wait "$program_pid" 2>/dev/null || true
+}
+
+# stories COMMAND... FOLDER EXTENSION: the same three in each language.
+stories() {
+    local folder=${*: -2:1} extension=${*: -1}
+    local command=("${@:1:$#-2}")
+    drive notepad.exe "${command[@]}" "$(windows_path "$folder/notepad.$extension")"
+    drive "$GHOSTHAND_SAMPLE_HOST" "${command[@]}" "$(windows_path "$folder/sample_host.$extension")"
+    drive "$GHOSTHAND_SAMPLE_HOST" "${command[@]}" "$(windows_path "$folder/cad_story.$extension")"
+}
+
+client_python() {
+    packages_get
+    start_session
+    install_python
+    stories 'C:\python\python.exe' samples/python py
+    python_contract late
+    python_contract early
+}
+
+client_comtypes() {
+    packages_get
+    start_session
+    install_python
+    stories 'C:\python\python.exe' samples/python_comtypes py
+    python_contract vtable
+}
+
+python_contract() {
+    drive "$GHOSTHAND_SAMPLE_HOST" 'C:\python\python.exe' "$(windows_path tests/clients/scripts/contract.py)" \
+        "$1" "$(windows_path tests/com/expected_type_library.txt)" "$GHOSTHAND_DLL"
+}
+
+client_cpp() {
+    start_session
+    drive notepad.exe "$GHOSTHAND_CPP_SAMPLES/cpp_notepad.exe"
+    drive "$GHOSTHAND_SAMPLE_HOST" "$GHOSTHAND_CPP_SAMPLES/cpp_sample_host.exe"
+    drive "$GHOSTHAND_SAMPLE_HOST" "$GHOSTHAND_CPP_SAMPLES/cpp_cad_story.exe"
+}
+
+client_minimal_host() {
+    start_session
+    drive "$GHOSTHAND_MINIMAL_HOST" cscript.exe //nologo "$(windows_path samples/minimal_host/minimal_host.vbs)"
+}
+
+client_autohotkey() {
+    packages_get
+    start_session
+    stories "$packages/AutoHotkey64.exe" '/ErrorStdOut' samples/autohotkey ahk
+}
+
+client_jscript() {
+    start_session
+    stories cscript.exe //nologo samples/jscript js
+}
+
+client_vbscript() {
+    start_session
+    stories cscript.exe //nologo samples/vbscript vbs
+    # Wine's VBScript cannot take a file in: what the script says to do there.
+    cat samples/vbscript/{use_helpers,ghosthand_helpers}.vbs >"$WINEPREFIX/use_helpers.vbs"
+    drive "$GHOSTHAND_SAMPLE_HOST" cscript.exe //nologo "$(windows_path "$WINEPREFIX/use_helpers.vbs")"
+}
+
+client=$1
+[[ -z ${2:-} ]] || stories() { :; } # contract only
+"client_$client"
