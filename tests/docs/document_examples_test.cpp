@@ -36,7 +36,9 @@ protected:
 
 // What a script wrote that the sample host ran within itself.
 std::string RunWithin(const std::string& host, const std::string& script, const std::string& output) {
-    const Program program(host + " --script \"" + script + "\" --output \"" + output + "\"");
+    std::string commandLine = host;
+    commandLine += " --script \"" + script + "\" --output \"" + output + "\"";
+    const Program program(commandLine);
     EXPECT_TRUE(program.WaitForEnd(kScriptSeconds)) << "the script does not come to its end";
     return support::ReadFile(output);
 }
@@ -51,7 +53,9 @@ std::string RunOutside(const std::string& host, const std::string& script, const
 }
 
 TEST_P(DocumentExamples, WriteWhatTheySay) {
-    const std::string host = "\"" + support::PathFromEnvironment("GHOSTHAND_SAMPLE_HOST") + "\"";
+    std::string host = "\"";
+    host += support::PathFromEnvironment("GHOSTHAND_SAMPLE_HOST");
+    host += "\"";
     auto script = GetParam();
     const auto output = std::filesystem::temp_directory_path() / script.filename().replace_extension(".txt");
     std::filesystem::remove(output);
