@@ -17,6 +17,16 @@ DOCS = SITE.parent
 TOOLS = ("command-line", "inspector", "installing", "samples", "trace")
 
 
+def name_all(source):
+    """Pages that the front page does not name follow at its end."""
+    index = source / "index.md"
+    text = index.read_text(encoding="utf-8")
+    others = sorted(page.stem for page in source.glob("*.md") if page != index and page.stem not in text.split())
+    if others:
+        index.write_text("\n".join([text, "```{toctree}", ":caption: More", ":hidden:", "", *others, "```", ""]),
+                         encoding="utf-8")
+
+
 def main(type_library, output, version):
     output = Path(output)
     source = output / "source"
@@ -28,6 +38,7 @@ def main(type_library, output, version):
         if not (DOCS / f"{tool}.md").exists():
             title = tool.replace("-", " ").capitalize()
             (source / f"{tool}.md").write_text(f"# {title}\n\nNot part of this build.\n", encoding="utf-8")
+    name_all(source)
     if (DOCS / "images").is_dir():
         shutil.copytree(DOCS / "images", source / "images")
     shutil.copytree(SITE / "static", source / "static")
