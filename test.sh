@@ -1,7 +1,7 @@
 #!/bin/bash
 # Installs what is missing, builds everything and runs the tests.
 #   ./test.sh              all tests
-#   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault, clients, dpi)
+#   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault, apps, report, package, docs, clients, dpi)
 #   ./test.sh tree         the tests whose name matches this regular expression
 #   ./test.sh -V -R tree   options are passed on to ctest
 set -euo pipefail
@@ -21,7 +21,7 @@ select_tests() {
             return
         fi
         words+=("$word")
-        [[ $word =~ ^(pure|window|host|com|fault|clients|dpi)$ ]] || labels=no
+        [[ $word =~ ^(pure|window|host|com|fault|apps|report|package|docs|clients|dpi)$ ]] || labels=no
     done
     ((${#words[@]})) || return 0
     local pattern
@@ -51,6 +51,7 @@ run_wine_tests() {
 
 select_tests "$@"
 tools/wine/setup.sh
+tools/wine/setup.sh --optional chromium chromium-driver python3-selenium # looking at the documents
 build native
 build cross
 ordinary=(-LE '^dpi$')

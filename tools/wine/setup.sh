@@ -1,7 +1,8 @@
 #!/bin/bash
 # Installs the Debian packages that building, testing and the demonstration need, and only those that
 # are missing. Safe to run any number of times.
-#   tools/wine/setup.sh [PACKAGE...]    further packages
+#   tools/wine/setup.sh [PACKAGE...]            further packages
+#   tools/wine/setup.sh --optional PACKAGE...   only these; where they cannot be had, a line says so
 set -euo pipefail
 # shellcheck source=tools/wine/messages.sh
 source "$(dirname "${BASH_SOURCE[0]}")/messages.sh"
@@ -15,6 +16,11 @@ packages=(
     python3 python3-pip                         # checking the type library against Microsoft's
     "$@"
 )
+if [[ ${1:-} == --optional ]]; then
+    packages=("${@:2}")
+    # What needs them is skipped.
+    fail() { say "Not installed: ${packages[*]} ($1)"; exit 0; }
+fi
 
 [[ -n $(command -v dpkg-query) && -n $(command -v apt-get) ]] ||
     fail "This is not Debian or one of its relatives: there is no apt here." \
