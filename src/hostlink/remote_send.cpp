@@ -6,6 +6,7 @@
 #include "hostlink/exchange_seal.h"
 #include "hostlink/hook.h"
 #include "hostlink/host_text.h"
+#include "hostlink/module_sends.h"
 #include "hostlink/registered_messages.h"
 #include "hostlink/shared_section.h"
 
@@ -114,6 +115,9 @@ void CopyBack(std::span<std::byte> block) noexcept {
 
 std::optional<LRESULT> TryRemoteSend(const HostWindow& target, UINT message, WPARAM wParam,
                                      std::span<std::byte> block) {
+    if (SendsThroughModule()) {
+        return ModuleRemoteSend(target, message, wParam, block);
+    }
     if (block.size() > kRemoteDataSize) {
         return std::nullopt;
     }
@@ -131,6 +135,9 @@ LRESULT RemoteSend(const HostWindow& target, UINT message, WPARAM wParam, std::s
 
 LRESULT RemoteSendWithString(const HostWindow& target, UINT message, WPARAM wParam,
                              std::span<std::byte> block, std::size_t stringOffset, std::string& text) {
+    if (SendsThroughModule()) {
+        return ModuleRemoteSendWithString(target, message, wParam, block, stringOffset, text);
+    }
     if (block.size() > kRemoteDataSize || !HasRoomForDescriptor(stringOffset)) {
         text.clear();
         return 0;

@@ -5,6 +5,7 @@
 #include <olectl.h>
 
 #include "engine/ghSharedUtils.h"
+#include "hostlink/module_sends.h"
 #include "server/CGhosthandApp.h"
 #include "server/CGhosthandModule.h"
 
@@ -51,4 +52,8 @@ extern "C" int ghosthand_is_popup_dialog(HWND window) {
 
 extern "C" bool ghosthand_is_starts_from(const char* text, const char* prefix) {
     return ghSharedUtils::is_starts_from(text, prefix);
+}
+
+extern "C" int ghosthand_remote_send(hostlink::ModuleSend* send) {
+    return hostlink::SendForProgram(*send);
 }
