@@ -8,18 +8,13 @@
 #include "engine/window_finders.h"
 #include "explain/item_finders.h"
 #include "explain/utf8.h"
+#include "explain/window_facts.h"
 #include "hostlink/host_classes.h"
 #include "hostlink/host_text.h"
 
 namespace explain {
 
 namespace {
-
-constexpr UINT kAnswerMilliseconds = 200;
-
-bool Answers(HWND window) noexcept {
-    return SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerMilliseconds, nullptr) != 0;
-}
 
 // Points of the calling thread's pixels and of the window's program, told by the window's place in both.
 class PixelMapping {
