@@ -19,6 +19,14 @@ int Help(apps::Arguments);
 
 constexpr Verb kVerbs[] = {
     {"help", "[VERB]\n  Says what there is to type.", Help},
+    {"windows",
+     "[PROGRAM] [--json] [--calls] [--language NAME] [--watch]\n"
+     "  Lists the windows of the programs whose file names begin with PROGRAM, or of all.\n"
+     "  --calls     with the shortest call of a script that reaches each, run once to be sure\n"
+     "  --language  of the calls: VBScript, JScript, PowerShell, Python or C#\n"
+     "  --json      for other tools (docs/command-line.md)\n"
+     "  --watch     goes on until Ctrl+C and shows what comes and goes",
+     apps::Windows},
 };
 
 const Verb* FindVerb(std::string_view name) {

@@ -14,8 +14,10 @@ HWND ResultOf(WindowCriteria& criteria) {
     return Search(criteria) ? criteria.result : nullptr;
 }
 
-bool IsCheckBox(HWND window) noexcept {
-    switch (hostlink::WindowStyle(window) & BS_TYPEMASK) {
+} // namespace
+
+bool IsCheckBox(HWND button) {
+    switch (hostlink::WindowStyle(button) & BS_TYPEMASK) {
     case BS_CHECKBOX:
     case BS_AUTOCHECKBOX:
     case BS_3STATE:
@@ -25,8 +27,6 @@ bool IsCheckBox(HWND window) noexcept {
         return false;
     }
 }
-
-} // namespace
 
 HWND FindBelow(HWND from, WindowCriteria& criteria) {
     if (from == nullptr) {

@@ -26,6 +26,9 @@ inline constexpr ControlKind kComboBox = {"ComboBox", true};
 inline constexpr ControlKind kOptionTree = {"qvaOptionTree", true};
 inline constexpr ControlKind kTrackBar = {"msctls_trackbar32"};
 
+// Whether a window of class "Button" is a check box.
+bool IsCheckBox(HWND button);
+
 // The main window of the program whose file name begins with `application`; caption and class are tested
 // by containment unless they are empty.
 HWND FindMainWindow(std::string_view application, std::string_view caption, std::string_view className,

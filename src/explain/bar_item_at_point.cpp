@@ -10,6 +10,7 @@
 #include "engine/window_relations.h"
 #include "explain/item_finders.h"
 #include "explain/utf8.h"
+#include "hostlink/host_classes.h"
 #include "hostlink/window_kind.h"
 
 namespace explain {
@@ -177,12 +178,23 @@ Call StepsDown(HWND owner, HMENU menu, const std::vector<int>& positions) {
 // The popup menu of the thread that was opened first: the others lie above it.
 HMENU FirstPopupOf(DWORD threadId) noexcept {
     HMENU first = nullptr;
-    for (HWND popup = nullptr; (popup = FindWindowExA(nullptr, popup, "#32768", nullptr)) != nullptr;) {
+    for (HWND popup = nullptr;
+         (popup = FindWindowExA(nullptr, popup, hostlink::kMenuClass.data(), nullptr)) != nullptr;) {
         if (GetWindowThreadProcessId(popup, nullptr) == threadId && IsWindowVisible(popup)) {
             first = controlbars::MenuShownBy(popup);
         }
     }
     return first;
+}
+
+// The window whose menu it is.
+HWND OwnerOfMenu(HWND popup) noexcept {
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(popup, nullptr), &info);
+    const HWND owner = info.hwndMenuOwner;
+    // Of a popup menu that no bar has opened, some systems name the menu's own window.
+    return hostlink::IsMenuClass(hostlink::WindowClass(owner)) ? GetWindow(owner, GW_OWNER) : owner;
 }
 
 struct MenuWay {
@@ -193,10 +205,7 @@ struct MenuWay {
 // From the menu bar, or as the context menu of the owner's thread.
 MenuWay WayToPopup(HWND popup, HMENU menu) {
     const DWORD threadId = GetWindowThreadProcessId(popup, nullptr);
-    GUITHREADINFO info = {};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(threadId, &info);
-    const HWND owner = info.hwndMenuOwner;
+    const HWND owner = OwnerOfMenu(popup);
     if (owner == nullptr) {
         return {};
     }

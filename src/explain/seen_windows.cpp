@@ -1,0 +1,80 @@
+#include "explain/seen_windows.h"
+
+#include "engine/enumerate.h"
+#include "engine/search_text.h"
+#include "hostlink/window_class.h"
+
+namespace explain {
+
+namespace {
+
+// More levels than the system allows.
+constexpr std::size_t kMostLevels = 256;
+
+} // namespace
+
+SeenWindow::SeenWindow(HWND window)
+    : m_window(window), m_parent(GetParent(window)), m_id(GetWindowLongPtrA(window, GWLP_ID)),
+      m_isVisible(IsWindowVisible(window) != FALSE), m_className(hostlink::WindowClass(window).Name()) {}
+
+const std::string& SeenWindow::Caption() const {
+    if (!m_caption) {
+        char text[engine::kSearchTextSize] = "";
+        GetWindowTextA(m_window, text, sizeof text);
+        m_caption = text;
+    }
+    return *m_caption;
+}
+
+SeenDescendants::SeenDescendants(HWND topLevel) : m_topLevel(topLevel) {
+    if (topLevel == nullptr) {
+        return;
+    }
+    engine::EnumerateWindows(topLevel, [&](HWND window) {
+        m_indices.emplace(window, m_windows.size());
+        m_windows.emplace_back(window);
+        return true;
+    });
+}
+
+const SeenWindow* SeenDescendants::Find(HWND window) const {
+    const auto found = m_indices.find(window);
+    return found == m_indices.end() ? nullptr : &m_windows[found->second];
+}
+
+std::vector<HWND> SeenDescendants::Ancestors(HWND window) const {
+    std::vector<HWND> ancestors;
+    for (const SeenWindow* seen = Find(window); seen != nullptr && ancestors.size() < kMostLevels;
+         seen = Find(seen->Parent())) {
+        ancestors.push_back(seen->Parent());
+    }
+    return ancestors;
+}
+
+bool SeenDescendants::IsBelow(const SeenWindow& seen, HWND from, bool atAnyDepth) const {
+    if (!atAnyDepth || from == m_topLevel) {
+        return atAnyDepth || seen.Parent() == from;
+    }
+    const SeenWindow* current = &seen;
+    for (std::size_t level = 0; current != nullptr && level < kMostLevels; ++level) {
+        if (current->Parent() == from) {
+            return true;
+        }
+        current = Find(current->Parent());
+    }
+    return false;
+}
+
+// As a search does, the cheapest test first.
+bool SeenDescendants::Matches(const SeenWindow& seen, HWND from, const Wanted& wanted,
+                              const ClassTest& test) const {
+    const auto has = [](const std::string& text, const std::string& part) {
+        return engine::HasWantedText(text.c_str(), part.c_str(), true);
+    };
+    return (wanted.id < 1 || seen.Id() == wanted.id) && (wanted.includeHidden || seen.IsVisible()) &&
+           engine::HasWantedText(seen.ClassName().c_str(), test.name.data(), test.contains) &&
+           has(seen.ClassName(), wanted.className) && IsBelow(seen, from, wanted.anyDescendant) &&
+           (wanted.caption.empty() || has(seen.Caption(), wanted.caption));
+}
+
+} // namespace explain
