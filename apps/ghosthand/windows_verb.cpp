@@ -21,6 +21,8 @@ namespace apps {
 
 namespace {
 
+// For all calls together; a program with thousands of windows would take minutes.
+constexpr double kSearchSeconds = 20;
 constexpr DWORD kWatchMilliseconds = 500;
 // The system allows no more levels than this.
 constexpr int kMostLevels = 100;
@@ -141,8 +143,10 @@ std::string CallLine(const Node& node, explain::CallFinder& finder, explain::Lan
     if (found.call.empty()) {
         return "no call: " + found.obstacle;
     }
-    char time[32] = "";
-    std::snprintf(time, sizeof time, "  (%.1f ms)", found.milliseconds);
+    char time[32] = "  (not run)";
+    if (found.isVerified) {
+        std::snprintf(time, sizeof time, "  (%.1f ms)", found.milliseconds);
+    }
     return explain::CallText(found.call, language) + time;
 }
 
@@ -216,7 +220,10 @@ void WriteCall(JsonWriter& json, const explain::WindowCall& found, explain::Lang
         json.EndArray().EndObject();
     }
     json.EndArray();
-    json.Key("kind").Text(found.kind).Key("milliseconds").Number(found.milliseconds).EndObject();
+    json.Key("kind").Text(found.kind).Key("verified").Bool(found.isVerified);
+    json.Key("milliseconds");
+    found.isVerified ? json.Number(found.milliseconds) : json.Null();
+    json.EndObject();
 }
 
 void WriteNode(JsonWriter& json, const Node& node, explain::CallFinder& finder, const Options& options) {
@@ -330,7 +337,7 @@ int Windows(Arguments arguments) {
     }
     Known before;
     for (bool isFirst = true; isFirst || options->watches; isFirst = false) {
-        explain::CallFinder finder;
+        explain::CallFinder finder(kSearchSeconds);
         const std::vector<Program> programs = ReadPrograms(options->program, finder);
         if (isFirst && programs.empty()) {
             PrintError(options->program.empty() ? std::string("No program has windows here.\n")

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <map>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 #include "controlbars/popup_menu.h"
@@ -149,7 +150,7 @@ struct Candidate {
 
 class CallFinder::Planner {
 public:
-    Planner() {
+    explicit Planner(double searchSeconds) : m_millisecondsLeft(searchSeconds * 1000) {
         engine::EnumerateWindows(nullptr, [&](HWND window) {
             m_topLevel.emplace_back(window);
             return true;
@@ -186,9 +187,11 @@ public:
                 continue;
             }
             ++tried;
-            if (const auto milliseconds = Verify(candidate.call, window)) {
+            const auto milliseconds = Verify(candidate.call, window);
+            if (milliseconds || m_millisecondsLeft <= 0) {
                 result.call = candidate.call;
-                result.milliseconds = *milliseconds;
+                result.milliseconds = milliseconds.value_or(0);
+                result.isVerified = milliseconds.has_value();
                 const FindingMember* const last = MemberByName(candidate.call.back().member);
                 result.kind = last != nullptr && last->kind != "BaseWindow" ? last->kind : result.kind;
                 return result;
@@ -238,6 +241,9 @@ private:
     // The time in milliseconds, none if the call leads elsewhere. The windows that it passes on its way are
     // looked for once.
     std::optional<double> Verify(const Call& call, HWND window) {
+        if (m_millisecondsLeft <= 0) {
+            return std::nullopt;
+        }
         double milliseconds = 0;
         HWND current = nullptr;
         Call passed;
@@ -252,6 +258,7 @@ private:
                 const std::chrono::duration<double, std::milli> taken =
                     std::chrono::steady_clock::now() - start;
                 milliseconds += taken.count();
+                m_millisecondsLeft -= taken.count();
                 if (!isLast) {
                     m_passed.emplace(key, std::pair(current, taken.count()));
                 }
@@ -281,7 +288,7 @@ private:
         m_best.emplace(window, std::nullopt);
         for (const Candidate& candidate : CandidatesFor(window)) {
             const bool mayRun = !Asks(candidate.call) || ProgramAnswers(window);
-            if (mayRun && Verify(candidate.call, window)) {
+            if (mayRun && (Verify(candidate.call, window) || m_millisecondsLeft <= 0)) {
                 return m_best[window] = candidate;
             }
         }
@@ -503,11 +510,14 @@ private:
             }
             lookAlike.push_back(candidate);
         }
-        std::ranges::stable_sort(lookAlike, {},
-                                 [](const Candidate& candidate) { return LengthOf(candidate.call); });
+        // An order changes when a window comes to the front, and the call would then silently lead to another.
+        std::ranges::stable_sort(lookAlike, {}, [](const Candidate& candidate) {
+            return std::tuple(candidate.isOrdinal, candidate.call.size(), LengthOf(candidate.call));
+        });
         candidates.insert(candidates.end(), lookAlike.begin(), lookAlike.end());
     }
 
+    double m_millisecondsLeft;          // for searches
     std::vector<SeenWindow> m_topLevel; // from the front to the back
     std::map<HWND, SeenDescendants> m_below;
     std::map<HWND, std::string_view> m_kinds;
@@ -517,7 +527,7 @@ private:
     engine::ProgramNames m_programs;
 };
 
-CallFinder::CallFinder() : m_planner(std::make_unique<Planner>()) {}
+CallFinder::CallFinder(double searchSeconds) : m_planner(std::make_unique<Planner>(searchSeconds)) {}
 CallFinder::~CallFinder() = default;
 
 WindowCall CallFinder::CallTo(HWND window) {

@@ -16,6 +16,7 @@ struct WindowCall {
     std::string kind;        // the automation class without its prefix: "TreeControl", "BaseWindow" ...
     Call call;               // empty if the window cannot be reached; `obstacle` says why
     double milliseconds = 0; // the time that the searches of the call took when it was verified
+    bool isVerified = false; // false for a call that a CallFinder only thought through
     std::string obstacle;
 };
 
@@ -36,10 +37,11 @@ WindowCall CallTo(HWND window);
 HWND Follow(const Call& call);
 
 // Calls to many windows, each as CallTo() gives it. What it has learned of the desktop it keeps: to be used
-// at once and thrown away.
+// at once and thrown away. When the searches have taken `searchSeconds` together, further calls are thought
+// through, but not run.
 class CallFinder {
 public:
-    CallFinder();
+    explicit CallFinder(double searchSeconds = 60);
     ~CallFinder();
     CallFinder(const CallFinder&) = delete;
     CallFinder& operator=(const CallFinder&) = delete;
