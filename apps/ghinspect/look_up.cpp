@@ -70,7 +70,8 @@ LookedUp LookUpWindow(HWND window, const std::optional<explain::ItemAtPoint>& it
     if (found.call.empty()) {
         result.verdict = explain::ToUtf16(found.obstacle);
     } else {
-        result.verdict = FoundIn(result.kind, found.milliseconds);
+        result.verdict = found.isVerified ? FoundIn(result.kind, found.milliseconds)
+                                          : result.kind + L". The search was not run";
         if (item) {
             AddItem(result, window, *item);
         }

@@ -41,6 +41,7 @@ private:
         std::optional<explain::ItemAtPoint> item;
         LookedUp found;
         bool isGone = false;
+        bool wasHung = false; // its program, when it was looked up
     };
     // Something that the worker has been asked and that may take long.
     struct Waiting {

@@ -59,6 +59,13 @@ void MainWindow::OnSnapshot(Snapshot snapshot, bool withHidden) {
         m_wanted.reset();
     }
     ShowFacts();
+    if (m_selection && !m_selection->isGone) {
+        // A program that answers again can be asked, and what was said of it no longer holds.
+        const auto* const program = m_tree.Program(m_selection->target.processId);
+        if (program != nullptr && program->isHung != m_selection->wasHung) {
+            Select(m_selection->target, m_selection->item);
+        }
+    }
     if (std::exchange(m_isSnapshotStale, false)) {
         Refresh();
     }
@@ -192,13 +199,13 @@ void MainWindow::GoTo(const Target& target, std::optional<explain::ItemAtPoint> 
 void MainWindow::Select(const Target& target, std::optional<explain::ItemAtPoint> item) {
     ++*m_generation;
     m_isPicking = false; // a pick that is still on its way will not be heard of
-    m_selection = Selection{target, std::move(item), {}, false};
+    const explain::ProgramFacts* const known = m_tree.Program(target.processId);
+    m_selection = Selection{target, std::move(item), {}, false, known != nullptr && known->isHung};
     m_callBox.Show({}, L"Looking for the shortest call \u2026");
     m_members.ShowMessage(L"Reading the members \u2026");
     ShowFacts();
     FrameSelected();
 
-    const explain::ProgramFacts* const known = m_tree.Program(target.processId);
     const auto program = known == nullptr ? std::nullopt : std::optional(*known);
     if (target.window == nullptr && !program) {
         return;
