@@ -1,4 +1,5 @@
 // Calls that come to nothing, in a host of its own process and in a program of the system.
+#include "controls/host_control_search.h"
 #include "engine/window_finders.h"
 #include "engine/window_relations.h"
 #include "explain/explain_nothing.h"
@@ -25,6 +26,7 @@ using sample_host::LogRecord;
 using sample_host::Misbehaviour;
 using support::Eventually;
 using support::SampleHost;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -211,6 +213,22 @@ TEST_F(ExplainNothing, AsksNothingOfAProgramThatHangs) {
     EXPECT_LT(GetTickCount64() - begin, 5000u);
     EXPECT_EQ(explanation.reason, "the program does not answer");
     EXPECT_THAT(FirstMiss(explanation), HasSubstr("does not contain 'Fnd'"));
+
+    // A search with a test that asks the windows.
+    engine::WindowCriteria cadTree;
+    cadTree.parent = hung.Frame();
+    cadTree.flags = engine::kIgnoreStyle | engine::kIgnoreCaption | engine::kIgnoreId;
+    engine::WantClass(cadTree, "SysTreeView32");
+    cadTree.customTest = controls::IsCadTree;
+    cadTree.customKind = "CAD tree";
+    call.member = "CADTree";
+    call.window = hung.Frame();
+    call.searches = {&cadTree, 1};
+    const Explanation unasked = explain::ExplainNothing(call);
+    EXPECT_LT(GetTickCount64() - begin, 10000u);
+    ASSERT_FALSE(unasked.misses.empty());
+    EXPECT_THAT(unasked.misses.front().reasons,
+                Contains("cannot be asked what it is: its program does not answer"));
 }
 
 TEST_F(ExplainNothing, FindsTheWayItself) {
