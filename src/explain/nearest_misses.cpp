@@ -365,7 +365,7 @@ void Sentences::SayHidden() {
 }
 
 void Sentences::SayId() {
-    const LONG_PTR id = GetWindowLongPtrA(m_window, GWLP_ID);
+    const int id = FactsOf(m_window).controlId; // a top-level window has its menu in this place
     const std::string wanted = std::to_string(m_search.controlId);
     if (id < 1) {
         Add("has no id, " + wanted + " is wanted", "give no id");
@@ -505,7 +505,8 @@ std::string NameOf(HWND window) {
     if (!facts.caption.empty()) {
         name.append(" ").append(Quoted(facts.caption));
     }
-    if (facts.controlId != 0) {
+    constexpr int kStaticId = 0xFFFF; // of labels that need none
+    if (facts.controlId > 0 && facts.controlId != kStaticId) {
         name += " id " + std::to_string(facts.controlId);
     }
     return name;

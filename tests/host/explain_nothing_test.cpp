@@ -1,4 +1,5 @@
 // Calls that come to nothing, in a host of its own process and in a program of the system.
+#include "controls/host_control_search.h"
 #include "engine/window_finders.h"
 #include "engine/window_relations.h"
 #include "explain/explain_nothing.h"
@@ -25,6 +26,7 @@ using sample_host::LogRecord;
 using sample_host::Misbehaviour;
 using support::Eventually;
 using support::SampleHost;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -211,10 +213,27 @@ TEST_F(ExplainNothing, AsksNothingOfAProgramThatHangs) {
     EXPECT_LT(GetTickCount64() - begin, 5000u);
     EXPECT_EQ(explanation.reason, "the program does not answer");
     EXPECT_THAT(FirstMiss(explanation), HasSubstr("does not contain 'Fnd'"));
+
+    // A search with a test that asks the windows.
+    engine::WindowCriteria cadTree;
+    cadTree.parent = hung.Frame();
+    cadTree.flags = engine::kIgnoreStyle | engine::kIgnoreCaption | engine::kIgnoreId;
+    engine::WantClass(cadTree, "SysTreeView32");
+    cadTree.customTest = controls::IsCadTree;
+    cadTree.customKind = "CAD tree";
+    call.member = "CADTree";
+    call.window = hung.Frame();
+    call.searches = {&cadTree, 1};
+    const Explanation unasked = explain::ExplainNothing(call);
+    EXPECT_LT(GetTickCount64() - begin, 10000u);
+    ASSERT_FALSE(unasked.misses.empty());
+    EXPECT_THAT(unasked.misses.front().reasons,
+                Contains("cannot be asked what it is: its program does not answer"));
 }
 
 TEST_F(ExplainNothing, FindsTheWayItself) {
-    EXPECT_EQ(Explain("TreeControl", "Trees.1140", "ItemByPath", {Text("Box|hole 1")}, {}).line, "x");
+    EXPECT_EQ(Explain("TreeControl", "Trees.1140", "ItemByPath", {Text("Box|hole 1")}, {}).line,
+              "gh.MainWindow(\"sample_host\").TreeCtrl(1140, &H40).ItemByPath(\"Box|Hole 1\")");
     // No change of the arguments leads to a window of another parent.
     const engine::WindowCriteria search = ButtonCriteria(host->Window("Palette"), "Close");
     FailedCall call;
@@ -225,8 +244,9 @@ TEST_F(ExplainNothing, FindsTheWayItself) {
     call.searches = {&search, 1};
     call.reached = kReached;
     const Explanation explanation = explain::ExplainNothing(call);
-    EXPECT_EQ(FirstMiss(explanation), "x");
-    EXPECT_EQ(explanation.line, "x");
+    EXPECT_EQ(FirstMiss(explanation),
+              "Button 'Close' id 1: belongs to dialog 'Options', not to dialog 'Palette'");
+    EXPECT_EQ(explanation.line, "gh.MainWindow(\"sample_host\", \"Options\", \"\", &H200).Button");
 }
 
 TEST(ExplainNothingElsewhere, BearsThousandsOfWindows) {
@@ -251,9 +271,30 @@ TEST(ExplainNothingElsewhere, BearsThousandsOfWindows) {
     call.window = tree;
     call.searches = {&search, 1};
     const ULONGLONG begin = GetTickCount64();
-    const Explanation explanation = explain::ExplainNothing(call);
-    std::printf("%d ms: %s\n", static_cast<int>(GetTickCount64() - begin), FirstMiss(explanation).c_str());
+    explain::ExplainNothing(call);
     EXPECT_LT(GetTickCount64() - begin, 5000u);
+}
+
+TEST(ExplainNothingElsewhere, NamesTheKeyInRegeditsTree) {
+    hostlink::SetModuleInstance(support::ThisModule());
+    const support::Program regedit("regedit.exe");
+    FailedCall call;
+    call.member = "SelectItemByPath";
+    call.kind = "TreeControl";
+    ASSERT_TRUE(Eventually([&] {
+        call.window = engine::FindControl(engine::FindMainWindow("regedit", "", "", 0), engine::kTreeView, 0,
+                                          engine::kAnyDescendant);
+        return call.window != nullptr;
+    }));
+    const auto item = [&] { return SendMessageA(call.window, TVM_GETNEXTITEM, TVGN_ROOT, 0); };
+    ASSERT_TRUE(Eventually([&] { return item() != 0; }));
+    SendMessageA(call.window, TVM_EXPAND, TVE_EXPAND, item());
+    call.arguments = {std::string("My Computer|HKEY_CURENT_USER")};
+    call.reached = kReached;
+    const Explanation explanation = explain::ExplainNothing(call);
+    EXPECT_EQ(FirstMiss(explanation),
+              "item 'HKEY_CURRENT_USER': text 'HKEY_CURRENT_USER' is not 'HKEY_CURENT_USER'");
+    EXPECT_THAT(explanation.line, EndsWith("(\"My Computer|HKEY_CURRENT_USER\")")) << explanation.reason;
 }
 
 TEST(ExplainNothingElsewhere, SaysThatAProgramDoesNotRun) {
