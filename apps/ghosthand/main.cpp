@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "ghosthand/report_verb.h"
+#include "ghosthand/trace_verb.h"
 #include "ghosthand/verbs.h"
 #include "shared/console.h"
 
@@ -18,6 +20,14 @@ struct Verb {
 int Help(apps::Arguments);
 
 constexpr Verb kVerbs[] = {
+    {"trace",
+     "[--folder FOLDER] PROGRAM [ARGUMENT...]\n  Runs the program, writes down what it does with Ghosthand, "
+     "and makes the report.\n  The exit code is the program's.",
+     apps::Trace},
+    {"report",
+     "FOLDER [--open] [--output FILE]\n  Makes the report of a traced run: FOLDER\\report.html, or FILE. "
+     "With --open, shows it.",
+     apps::Report},
     {"help", "[VERB]\n  Says what there is to type.", Help},
 };
 
