@@ -1,11 +1,16 @@
 #!/bin/bash
 # Installs the Debian packages that building, testing and the demonstration need, and only those that
 # are missing. Safe to run any number of times.
-#   tools/wine/setup.sh [PACKAGE...]    further packages
+#   tools/wine/setup.sh [--browser] [PACKAGE...]    further packages; --browser: what the browser tests need
 set -euo pipefail
 # shellcheck source=tools/wine/messages.sh
 source "$(dirname "${BASH_SOURCE[0]}")/messages.sh"
 
+browser=()
+if [[ ${1:-} == --browser ]]; then
+    browser=(chromium chromium-driver python3-selenium) # large: only where these tests run
+    shift
+fi
 packages=(
     cmake ninja-build g++ googletest            # building
     g++-mingw-w64-x86-64 mingw-w64-tools        # ... for Windows
@@ -13,7 +18,7 @@ packages=(
     fonts-liberation                            # what they write with
     xvfb imagemagick                            # a desktop without a screen, and pictures of it
     python3 python3-pip                         # checking the type library against Microsoft's
-    "$@"
+    "${browser[@]}" "$@"
 )
 
 [[ -n $(command -v dpkg-query) && -n $(command -v apt-get) ]] ||
