@@ -2,6 +2,7 @@
 # Installs what is missing, builds everything and runs the tests.
 #   ./test.sh              all tests
 #   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault, apps, report, package, docs, clients, dpi)
+#   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault, dpi, browser)
 #   ./test.sh tree         the tests whose name matches this regular expression
 #   ./test.sh -V -R tree   options are passed on to ctest
 set -euo pipefail
@@ -22,6 +23,7 @@ select_tests() {
         fi
         words+=("$word")
         [[ $word =~ ^(pure|window|host|com|fault|apps|report|package|docs|clients|dpi)$ ]] || labels=no
+        [[ $word =~ ^(pure|window|host|com|fault|dpi|browser)$ ]] || labels=no
     done
     ((${#words[@]})) || return 0
     local pattern
@@ -68,6 +70,9 @@ if (($# == 0)) || [[ " $* " == *" pure "* ]]; then
     ./fuzz.sh --short || fuzzing=failed
 fi
 
+if has_tests -L '^browser$'; then
+    tools/wine/setup.sh --browser || say "Without a browser its tests are skipped"
+fi
 if has_tests "${ordinary[@]}"; then
     say "Starting a desktop and a fresh Wine prefix"
     # shellcheck disable=SC2119

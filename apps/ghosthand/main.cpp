@@ -7,6 +7,8 @@
 #include "ghosthand/check_verb.h"
 #include "ghosthand/holders_verb.h"
 #include "ghosthand/register_verb.h"
+#include "ghosthand/report_verb.h"
+#include "ghosthand/trace_verb.h"
 #include "ghosthand/verbs.h"
 #include "shared/console.h"
 
@@ -39,6 +41,14 @@ constexpr Verb kVerbs[] = {
      "registered\n"
      "  ghosthand.dll. Exit code 1 if there are any.",
      apps::Holders},
+    {"trace",
+     "[--folder FOLDER] PROGRAM [ARGUMENT...]\n  Runs the program, writes down what it does with Ghosthand, "
+     "and makes the report.\n  The exit code is the program's.",
+     apps::Trace},
+    {"report",
+     "FOLDER [--open] [--output FILE]\n  Makes the report of a traced run: FOLDER\\report.html, or FILE. "
+     "With --open, shows it.",
+     apps::Report},
     {"help", "[VERB]\n  Says what there is to type.", Help},
     {"at",
      "X Y [--json] [--language NAME]\nghosthand at --watch [--json] [--language NAME]\n"

@@ -10,8 +10,12 @@ function makeTable(className, heads, rows) {
     return table;
 }
 
+// May break before a member of the chain rather than within it.
 function makeCode(text) {
-    return make("code", "", visibleText(text));
+    const code = make("code", "");
+    const parts = text.length < 2000 ? text.split(/(?=\.[A-Z])/) : [text];
+    parts.forEach((part, index) => code.append(index > 0 ? make("wbr", "") : "", visibleText(part)));
+    return code;
 }
 
 function makePart(title, ...content) {
@@ -21,7 +25,7 @@ function makePart(title, ...content) {
 function makeFacts(trace, call) {
     const list = make("dl", "facts");
     const add = (name, value) => list.append(make("div", "", make("dt", "", name), make("dd", "", value)));
-    add("Result", call.isOpen ? "not ended" : makeCode(call.result));
+    add("Result", call.isOpen ? "not ended" : call.result ? makeCode(call.result) : "none");
     add("Began", clockText(trace, call.begin));
     add("Took", durationText(call.duration));
     add("Waited", call.waiting >= 0.05
@@ -111,6 +115,9 @@ function makeDetails(trace, call, pictures) {
     if (call.picture) parts.push(makePart("The desktop", makePicture(call, pictures)));
     if (call.steps.length > 0) parts.push(makePart("Steps", makeSteps(call)));
     if (call.searches.length > 0) parts.push(makePart("Searches", makeSearches(call)));
+    if (call.notes.length > 0) {
+        parts.push(makePart("Notes", ...call.notes.map(note => make("p", "", visibleText(note)))));
+    }
     if (call.arguments.length > 0) {
         parts.push(makePart("Arguments", make("ol", "arguments", ...call.arguments.map(argument =>
             make("li", "", makeCode(JSON.stringify(argument)))))));

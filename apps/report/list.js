@@ -81,7 +81,9 @@ class CallList {
     }
 
     draw() {
-        this.body.style.height = `${this.shown.length * this.rowHeight}px`;
+        const height = this.shown.length * this.rowHeight;
+        this.body.style.height = `${height}px`;
+        this.frame.style.setProperty("--rows-height", `${height}px`);
         const first = Math.max(0, Math.floor(this.frame.scrollTop / this.rowHeight) - 4);
         const count = Math.ceil(this.frame.clientHeight / this.rowHeight) + 8;
         const visible = this.shown.slice(first, first + count);
@@ -99,6 +101,9 @@ class CallList {
             row[name] = make("span", name);
             row.append(row[name]);
         }
+        row.object = make("span", "object");
+        row.member = make("span", "member");
+        row.text.append(row.object, row.member);
         row.share.append(make("i", "work"), make("i", "wait"), make("i", "synchronise"), make("i", "pause"));
         this.body.append(row);
         return row;
@@ -115,7 +120,10 @@ class CallList {
         row.setAttribute("aria-setsize", this.shown.length);
         row.number.textContent = call.number;
         row.time.textContent = clockText(this.trace, call.begin);
-        row.text.textContent = visibleText(call.text.slice(0, 400));
+        // The end of a chain tells calls apart: where room is short, it stays.
+        const object = call.text.startsWith(call.object + ".") ? call.object : "";
+        row.object.textContent = visibleText(object.slice(0, 400));
+        row.member.textContent = visibleText(call.text.slice(object.length, object.length + 400));
         row.text.title = call.text.length > 60 ? call.text.slice(0, 2000) : "";
         row.result.textContent = call.isOpen ? "not ended" : visibleText(call.result.slice(0, 100));
         row.duration.textContent = durationText(call.duration);

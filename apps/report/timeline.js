@@ -15,6 +15,7 @@ class Timeline {
         this.range = this.whole;
         this.lanes = this.makeLanes();
         this.canvas.style.height = `${Timeline.axisHeight + this.lanes.length * Timeline.laneHeight + 4}px`;
+        this.width = 1; // of the canvas when it was drawn
         this.isPending = false;
         this.drag = null;
         new ResizeObserver(() => this.schedule()).observe(this.canvas);
@@ -85,12 +86,12 @@ class Timeline {
 
     timeAt(x) {
         const [from, to] = this.range;
-        return from + (to - from) * x / Math.max(this.canvas.clientWidth, 1);
+        return from + (to - from) * x / this.width;
     }
 
     xAt(time) {
         const [from, to] = this.range;
-        return (time - from) / (to - from) * this.canvas.clientWidth;
+        return (time - from) / (to - from) * this.width;
     }
 
     // The call nearest to a point of the canvas, at most some pixels away.
@@ -178,7 +179,7 @@ class Timeline {
     }
 
     draw() {
-        const width = this.canvas.clientWidth;
+        const width = this.width = Math.max(this.canvas.clientWidth, 1);
         const height = this.canvas.clientHeight;
         const scale = devicePixelRatio || 1;
         this.canvas.width = Math.round(width * scale);
@@ -231,7 +232,7 @@ class Timeline {
 
     drawAxis(context, width, height, ink, line) {
         const [from, to] = this.range;
-        const least = (to - from) * 110 / Math.max(width, 1);
+        const least = (to - from) * 110 / width;
         const minute = 60000;
         const steps = [1, 2, 5, 10, 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 30000, minute, 2 * minute,
                        5 * minute, 10 * minute, 30 * minute, 60 * minute, 180 * minute];
@@ -251,15 +252,16 @@ class Timeline {
     drawLane(context, lane, top, width, paint) {
         const barHeight = 16;
         const [, to] = this.range;
-        let painted = -1; // up to here there is something already: thousands of calls may share a pixel
+        // Up to here there is something already, faded or not: thousands of calls may share a pixel.
+        const painted = { faded: -1, shown: -1 };
         for (let index = this.firstOf(lane, this.range[0]); index < lane.calls.length; ++index) {
             const call = lane.calls[index];
             if (call.begin > to) break;
             const left = this.xAt(call.begin);
             const right = Math.max(this.xAt(call.end), left + 1);
-            const isShown = this.isShown(call);
-            if (right > painted || call.isFailed) {
-                context.globalAlpha = isShown ? 1 : 0.25;
+            const manner = this.isShown(call) ? "shown" : "faded";
+            if (Math.ceil(right) > painted[manner] || call.isFailed) {
+                context.globalAlpha = manner === "shown" ? 1 : 0.25;
                 context.fillStyle = paint.work;
                 context.fillRect(left, top, right - left, barHeight);
                 if (right - left > 2) {
@@ -273,7 +275,8 @@ class Timeline {
                     context.fillStyle = paint.failed;
                     context.fillRect(left, top + barHeight, Math.max(right - left, 3), 4);
                 }
-                painted = Math.max(painted, Math.ceil(left), right - 0.5);
+                painted.faded = Math.max(painted.faded, Math.ceil(right));
+                if (manner === "shown") painted.shown = Math.max(painted.shown, Math.ceil(right));
             }
         }
         context.globalAlpha = 1;

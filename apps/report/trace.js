@@ -56,6 +56,9 @@ class ProcessReader {
             call.result = textOf(event.result);
             call.isFailed = event.failed === true;
         });
+        case "note":
+            if (event.call === undefined) return true;
+            return this.ofCall(event, call => call.notes.push(textOf(event.text)));
         case "lost": this.lost.push(textOf(event.reason)); return true;
         case "stop": this.process.isStopped = true; return true;
         }
@@ -79,12 +82,16 @@ class ProcessReader {
             kind: textOf(event.kind), text: textOf(event.text) || `${object}.${member}`,
             arguments: Array.isArray(event.arguments) ? event.arguments : [],
             begin: event.t, end: null, result: "", isFailed: false,
-            steps: [], searches: [], misses: [], picture: null,
+            steps: [], searches: [], misses: [], notes: [], picture: null,
         });
         return true;
     }
 
     step(event) {
+        if (event.call === undefined) {
+            this.steps.set(event.step, { begin: event.t }); // of no call: nothing to show
+            return true;
+        }
         return this.ofCall(event, call => {
             const step = { kind: textOf(event.kind), text: textOf(event.text), begin: event.t, end: null,
                            outcome: "", depth: 0 };
