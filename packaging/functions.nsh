@@ -113,6 +113,30 @@ FunctionEnd
 !insertmacro RestoreRegistration ""
 !insertmacro RestoreRegistration "un."
 
+; The folders that the installation has made, those that are empty.
+!macro RemoveFolders un
+Function ${un}RemoveFolders
+    ${If} $FirstFolder != ""
+        StrCpy $R0 $INSTDIR
+        ${DoUntil} $R0 == ""
+            RMDir $R0
+            ${If} $R0 == $FirstFolder
+                ${Break}
+            ${EndIf}
+            ${GetParent} $R0 $R0
+        ${Loop}
+    ${EndIf}
+FunctionEnd
+
+Function ${un}RemoveSettings
+    DeleteRegKey SHCTX "${SETTINGS}"
+    ${GetParent} "${SETTINGS}" $R0
+    DeleteRegKey /ifempty SHCTX $R0
+FunctionEnd
+!macroend
+!insertmacro RemoveFolders ""
+!insertmacro RemoveFolders "un."
+
 ; For each file of a list, whose name is in $R5.
 !macro ForEachListed LIST
     ClearErrors

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cwchar>
 #include <filesystem>
 #include <memory>
 
@@ -11,6 +12,7 @@
 
 #include "Ghosthand_idl.h"
 #include "explain/utf8.h"
+#include "server/registration_script.h"
 
 namespace apps {
 
@@ -23,6 +25,12 @@ struct KeyCloser {
     void operator()(HKEY key) const noexcept { RegCloseKey(key); }
 };
 using UniqueKey = std::unique_ptr<HKEY, KeyCloser>;
+
+struct Releaser {
+    void operator()(IUnknown* object) const noexcept { object->Release(); }
+};
+template <class Interface>
+using Owned = std::unique_ptr<Interface, Releaser>;
 
 struct ModuleCloser {
     using pointer = HMODULE;
@@ -52,7 +60,6 @@ public:
     ClassesRoot& operator=(const ClassesRoot&) = delete;
 
     LSTATUS Status() const { return m_status; }
-    HKEY Key() const { return m_key.get(); }
 
 private:
     UniqueKey m_key;
@@ -90,52 +97,36 @@ HRESULT CallInScope(const std::wstring& path, const char* name, Scope scope) {
     return CallEntryPoint(path, name);
 }
 
-struct Value {
-    LSTATUS status = ERROR_SUCCESS;
-    DWORD type = 0;
-    std::vector<BYTE> bytes;
-    bool operator==(const Value&) const = default;
-};
-
-Value ReadValue(HKEY key, const wchar_t* name) {
-    Value value;
-    DWORD size = 0;
-    value.status = RegQueryValueExW(key, name, nullptr, &value.type, nullptr, &size);
-    value.bytes.resize(size);
-    if (value.status == ERROR_SUCCESS) {
-        value.status = RegQueryValueExW(key, name, nullptr, &value.type, value.bytes.data(), &size);
-    }
-    return value;
-}
-
-std::wstring TextOfValue(const Value& value) {
-    if (value.status != ERROR_SUCCESS || (value.type != REG_SZ && value.type != REG_EXPAND_SZ)) {
-        return {};
-    }
-    std::wstring text(reinterpret_cast<const wchar_t*>(value.bytes.data()),
-                      value.bytes.size() / sizeof(wchar_t));
-    return text.substr(0, text.find(L'\0'));
-}
-
 UniqueKey OpenKey(HKEY parent, const std::wstring& path, REGSAM view = 0) {
     HKEY key = nullptr;
     const LSTATUS status = RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ | view, &key);
     return UniqueKey(status == ERROR_SUCCESS ? key : nullptr);
 }
 
-struct Comparison {
-    int present = 0; // keys of a whole registration that are there
-    std::vector<std::string> faults;
-};
+// No value where there is no key or no text of that name; a null name is the default value.
+std::optional<std::wstring> ReadText(HKEY parent, const std::wstring& path, const wchar_t* name) {
+    DWORD size = 0;
+    if (RegGetValueW(parent, path.c_str(), name, RRF_RT_REG_SZ, nullptr, nullptr, &size) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    std::wstring text(size / sizeof(wchar_t), L'\0');
+    if (RegGetValueW(parent, path.c_str(), name, RRF_RT_REG_SZ, nullptr, text.data(), &size) !=
+        ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    return text.substr(0, text.find(L'\0'));
+}
+
+constexpr wchar_t kApplicationKey[] = L"AppID\\Ghosthand.DLL";
 
 // The keys that lie above a registration's own and belong to everybody, the lower ones first.
 constexpr std::array kSharedKeys = {L"AppID",     L"CLSID",   L"Wow6432Node\\Interface",
                                     L"Interface", L"TypeLib", L"Wow6432Node"};
 
-bool IsShared(const std::wstring& path) {
-    return std::ranges::any_of(kSharedKeys, [&](const wchar_t* shared) {
-        return CompareStringOrdinal(path.c_str(), -1, shared, -1, TRUE) == CSTR_EQUAL;
-    });
+std::wstring IdentifierText(const GUID& identifier) {
+    std::array<wchar_t, 64> text;
+    StringFromGUID2(identifier, text.data(), static_cast<int>(text.size()));
+    return text.data();
 }
 
 // Many users have no classes of their own but these.
@@ -154,76 +145,141 @@ void RemoveEmptySharedKeys() {
     }
 }
 
-void CompareValues(HKEY whole, HKEY found, const std::wstring& path, Comparison& comparison) {
-    for (DWORD index = 0;; ++index) {
-        std::array<wchar_t, 256> name;
-        auto length = static_cast<DWORD>(name.size());
-        if (RegEnumValueW(whole, index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS) {
-            return;
-        }
-        const Value expected = ReadValue(whole, name.data());
-        if (const Value actual = ReadValue(found, name.data()); actual != expected) {
-            const std::wstring place = path + (length == 0 ? L"" : L" " + std::wstring(name.data()));
-            comparison.faults.push_back(explain::ToUtf8(place + L" is '" + TextOfValue(actual) + L"', not '" +
-                                                        TextOfValue(expected) + L"'"));
-        }
-    }
-}
+struct Comparison {
+    int present = 0; // keys of a whole registration that are there
+    std::vector<std::string> faults;
+};
 
-void CompareKeys(HKEY whole, HKEY found, const std::wstring& path, Comparison& comparison) {
-    CompareValues(whole, found, path, comparison);
-    for (DWORD index = 0;; ++index) {
-        std::array<wchar_t, 256> name;
-        auto length = static_cast<DWORD>(name.size());
-        if (RegEnumKeyExW(whole, index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS) {
-            return;
-        }
-        const UniqueKey expected = OpenKey(whole, name.data());
-        const UniqueKey actual = OpenKey(found, name.data());
-        const std::wstring below = path.empty() ? name.data() : path + L"\\" + name.data();
-        if (actual == nullptr) {
-            comparison.faults.push_back(explain::ToUtf8(below) + " is missing");
-            continue;
-        }
-        comparison.present += IsShared(below) ? 0 : 1;
-        CompareKeys(expected.get(), actual.get(), below, comparison);
-    }
-}
-
-// A whole registration of a module, in a place where nobody else looks, for its lifetime.
-class WholeRegistration {
+// What a module registers, compared with what there is below a key. The module's code does not run, and
+// nothing is written.
+class RegistrationComparison {
 public:
-    explicit WholeRegistration(const std::wstring& path)
-        : m_place(L"Software\\Ghosthand.check." + std::to_wstring(GetCurrentProcessId())) {
-        const ClassesRoot root(HKEY_CURRENT_USER, m_place);
-        m_made = root.Status() == ERROR_SUCCESS && SUCCEEDED(CallEntryPoint(path, "DllRegisterServer"));
-    }
-    ~WholeRegistration() { RegDeleteTreeW(HKEY_CURRENT_USER, m_place.c_str()); }
-    WholeRegistration(const WholeRegistration&) = delete;
-    WholeRegistration& operator=(const WholeRegistration&) = delete;
+    RegistrationComparison(HKEY classes, std::wstring module)
+        : m_classes(classes), m_module(std::move(module)) {}
 
-    // No value if the module could not be asked.
-    std::optional<Comparison> CompareWith(HKEY found) const {
-        const UniqueKey whole = m_made ? OpenKey(HKEY_CURRENT_USER, m_place) : nullptr;
-        if (whole == nullptr) {
+    // No value if the module could not be read.
+    std::optional<Comparison> Run() {
+        const UniqueModule module(LoadLibraryExW(m_module.c_str(), nullptr,
+                                                 LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
+        ITypeLib* library = nullptr;
+        if (module == nullptr || FAILED(LoadTypeLibEx(m_module.c_str(), REGKIND_NONE, &library))) {
             return std::nullopt;
         }
-        Comparison comparison;
-        CompareKeys(whole.get(), found, {}, comparison);
-        return comparison;
+        const Owned<ITypeLib> owned(library);
+        EnumResourceNamesW(module.get(), L"REGISTRY", CompareScript, reinterpret_cast<LONG_PTR>(this));
+        CompareLibrary(*library);
+        return m_comparison;
     }
 
 private:
-    std::wstring m_place;
-    bool m_made = false;
+    static BOOL CALLBACK CompareScript(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR parameter) {
+        auto& self = *reinterpret_cast<RegistrationComparison*>(parameter);
+        const HRSRC resource = FindResourceW(module, name, type);
+        const HGLOBAL loaded = resource == nullptr ? nullptr : LoadResource(module, resource);
+        if (loaded == nullptr) {
+            return TRUE;
+        }
+        const std::string_view text(static_cast<const char*>(LockResource(loaded)),
+                                    SizeofResource(module, resource));
+        // The identifier is the module's own affair: whichever is registered has to be used throughout.
+        const std::wstring application = ReadText(self.m_classes, kApplicationKey, L"AppID").value_or(L"{?}");
+        try {
+            for (const server::ScriptRoot& root : server::ParseScript(
+                     explain::ToUtf16(text), {{L"MODULE", self.m_module}, {L"APPID", application}})) {
+                self.CompareKeys(root.keys, {});
+            }
+        } catch (const server::ScriptError& error) {
+            self.m_comparison.faults.emplace_back(error.what());
+        }
+        return TRUE;
+    }
+
+    void CompareKeys(const std::vector<server::ScriptKey>& keys, const std::wstring& above) {
+        for (const server::ScriptKey& key : keys) {
+            const std::wstring path = above.empty() ? key.name : above + L"\\" + key.name;
+            if (!CompareKey(path, key.rule != server::KeyRule::NoRemove)) {
+                continue;
+            }
+            if (key.defaultValue) {
+                CompareValue(path, nullptr, *key.defaultValue);
+            }
+            for (const server::NamedValue& value : key.values) {
+                CompareValue(path, value.name.c_str(), value.value);
+            }
+            CompareKeys(key.keys, path);
+        }
+    }
+
+    bool CompareKey(const std::wstring& path, bool isOwn) {
+        if (OpenKey(m_classes, path) == nullptr) {
+            m_comparison.faults.push_back(explain::ToUtf8(path) + " is missing");
+            return false;
+        }
+        m_comparison.present += isOwn ? 1 : 0;
+        return true;
+    }
+
+    // The scripts have texts alone.
+    void CompareValue(const std::wstring& path, const wchar_t* name, const server::ScriptValue& value) {
+        if (const auto* text = std::get_if<std::wstring>(&value)) {
+            CompareText(path, name, *text);
+        }
+    }
+
+    void CompareText(const std::wstring& path, const wchar_t* name, const std::wstring& expected) {
+        const std::wstring actual = ReadText(m_classes, path, name).value_or(L"");
+        if (CompareStringOrdinal(actual.c_str(), -1, expected.c_str(), -1, TRUE) != CSTR_EQUAL) {
+            m_comparison.faults.push_back(
+                explain::ToUtf8(path + (name == nullptr ? L"" : std::wstring(L" ") + name) + L" is '" +
+                                actual + L"', not '" + expected + L"'"));
+        }
+    }
+
+    void CompareLibrary(ITypeLib& library) {
+        TLIBATTR* attributes = nullptr;
+        if (FAILED(library.GetLibAttr(&attributes))) {
+            return;
+        }
+        const std::wstring identifier = IdentifierText(attributes->guid);
+        std::array<wchar_t, 64> place;
+        std::swprintf(place.data(), place.size(), L"\\%x.%x\\%lx\\%ls", attributes->wMajorVerNum,
+                      attributes->wMinorVerNum, attributes->lcid,
+                      attributes->syskind == SYS_WIN64 ? L"win64" : L"win32");
+        library.ReleaseTLibAttr(attributes);
+        if (const std::wstring path = L"TypeLib\\" + identifier + place.data(); CompareKey(path, true)) {
+            CompareText(path, nullptr, m_module);
+        }
+        for (UINT index = 0; index < library.GetTypeInfoCount(); ++index) {
+            CompareInterface(library, index, identifier);
+        }
+    }
+
+    void CompareInterface(ITypeLib& library, UINT index, const std::wstring& libraryIdentifier) {
+        ITypeInfo* information = nullptr;
+        if (FAILED(library.GetTypeInfo(index, &information))) {
+            return;
+        }
+        const Owned<ITypeInfo> owned(information);
+        TYPEATTR* attributes = nullptr;
+        if (FAILED(information->GetTypeAttr(&attributes))) {
+            return;
+        }
+        const bool isInterface =
+            attributes->typekind == TKIND_INTERFACE || attributes->typekind == TKIND_DISPATCH;
+        const std::wstring path = L"Interface\\" + IdentifierText(attributes->guid) + L"\\TypeLib";
+        information->ReleaseTypeAttr(attributes);
+        if (isInterface && CompareKey(path, true)) {
+            CompareText(path, nullptr, libraryIdentifier);
+        }
+    }
+
+    HKEY m_classes;
+    std::wstring m_module;
+    Comparison m_comparison;
 };
 
 std::wstring ModuleKey() {
-    std::array<wchar_t, 64> identifier;
-    StringFromGUID2(CLSID_Ghosthand, identifier.data(), static_cast<int>(identifier.size()));
-    return std::wstring(L"CLSID\\") + identifier.data() + L"\\InprocServer32";
+    return L"CLSID\\" + IdentifierText(CLSID_Ghosthand) + L"\\InprocServer32";
 }
 
 std::wstring OwnPath() {
@@ -299,23 +355,19 @@ std::optional<Registration> FindRegistration(Scope scope, const std::wstring& su
         return std::nullopt;
     }
     Registration registration;
-    if (const UniqueKey module = OpenKey(classes.get(), ModuleKey())) {
-        registration.path = TextOfValue(ReadValue(module.get(), nullptr));
+    registration.path = ReadText(classes.get(), ModuleKey(), nullptr).value_or(L"");
+    const bool isUsable = KindOfFile(registration.path) == ModuleKind::Bits64;
+    const std::wstring& module = isUsable ? registration.path : substitute;
+    const std::optional<Comparison> comparison =
+        module.empty() ? std::nullopt : RegistrationComparison(classes.get(), module).Run();
+    if (registration.path.empty() && (!comparison || comparison->present == 0)) {
+        return std::nullopt;
     }
-    const bool isRegisteredUsable = KindOfFile(registration.path) == ModuleKind::Bits64;
-    const std::wstring& asked = isRegisteredUsable ? registration.path : substitute;
-    if (!asked.empty()) {
-        const std::optional<Comparison> comparison = WholeRegistration(asked).CompareWith(classes.get());
-        if (comparison && registration.path.empty() && comparison->present == 0) {
-            return std::nullopt;
-        }
-        // Compared with another file, everything that names the file differs.
-        if (comparison && isRegisteredUsable) {
-            registration.faults = comparison->faults;
-        }
-        return registration;
+    // Compared with another file, everything that names the file differs.
+    if (comparison && isUsable) {
+        registration.faults = comparison->faults;
     }
-    return registration.path.empty() ? std::nullopt : std::optional(registration);
+    return registration;
 }
 
 bool IsRegisteredFor32Bit() {

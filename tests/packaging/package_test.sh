@@ -6,6 +6,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 # shellcheck source=tools/wine/session.sh
 source tools/wine/session.sh
+# shellcheck source=tests/packaging/expect.sh
+source tests/packaging/expect.sh
 
 build=$1
 # What CTest takes for "skipped".
@@ -14,38 +16,19 @@ for program in makensis zip python3; do
     command -v "$program" >/dev/null || { echo "Skipped: $program is not installed (tools/wine/setup.sh nsis zip)"; exit $skipped; }
 done
 
-work=$(mktemp -d)
-trap 'session_end; rm -rf "$work"' EXIT
 package=$work/package
 say "Making the packages"
 (cd "$build" && cpack -B "$package") >"$work/cpack.log" 2>&1 || { cat "$work/cpack.log"; exit 1; }
 installer=$(echo "$package"/ghosthand-*-x64.exe)
 archive=$(echo "$package"/ghosthand-*-x64.zip)
 
-# shellcheck disable=SC2119
-session_start
-trap 'session_end; rm -rf "$work"' EXIT
+start_prefix
 rest() { timeout 60 wineserver -w; }
-# The first program of a prefix makes Wine write this and that.
-session_run 60 reg.exe query 'HKCU\Software' >/dev/null
 drive=$WINEPREFIX/drive_c
 files=$drive/'Program Files'/Ghosthand
 settings='Software\Microsoft\Windows\CurrentVersion\Uninstall\Ghosthand'
 server='Software\Classes\CLSID\{839220FB-6E90-49C5-B87F-2D00DCD3360E}\InprocServer32'
 
-broken() {
-    printf 'NOT AS IT SHOULD BE: %s\n' "$1" >&2
-    [[ ! -s $work/said ]] || sed 's/^/    /' "$work/said" >&2
-    exit 1
-}
-# expect CODE PROGRAM [ARGUMENT...]: what it says is in $work/said.
-expect() {
-    local wanted=$1 code=0
-    shift
-    SESSION_OUTPUT=$work/said session_run 180 "$@" >/dev/null || code=$?
-    ((code == wanted)) || broken "exit code $code instead of $wanted: $*"
-}
-says() { grep -qF -- "$1" "$work/said" || broken "it does not say '$1'"; }
 # The registered server, with the root key HKLM or HKCU; nothing if there is none.
 registered() { timeout 60 wine reg.exe query "$1\\$server" /ve 2>/dev/null </dev/null | tr -d '\r' | sed -n 's/.*REG_SZ *//p'; }
 snapshot() {
@@ -56,22 +39,18 @@ as_before() {
     snapshot now
     diff "$work/before" "$work/now" >"$work/said" || broken "$1: this has changed"
 }
-# run_script SCRIPT: with the 64-bit cscript; its last line tells whether it came to its end.
-run_script() { expect 0 cscript.exe //nologo "$1"; }
-# uninstall FOLDER CODE: waits, as the uninstaller goes on in a copy of itself.
+# uninstall FOLDER: waits, as the uninstaller goes on in a copy of itself.
 uninstall() {
-    expect "$2" "$1\\uninstall.exe" /S "_?=$1"
-    # It cannot remove itself where it is run in its place.
-    (($2)) || rm -f "$(winepath_unix "$1")/uninstall.exe"
-    (($2)) || rmdir --ignore-fail-on-non-empty "$(winepath_unix "$1")" 2>/dev/null || true
+    local place=$drive${1#C:}
+    place=${place//\\//}
+    expect 0 "$1\\uninstall.exe" /S
+    for _ in {1..150}; do
+        [[ -e $place/uninstall.exe ]] || break
+        sleep 0.2
+    done
+    # Its copy.
+    rest
 }
-winepath_unix() { local path=${1#C:}; printf '%s\n' "$drive${path//\\//}"; }
-
-cat >"$work/create.vbs" <<'SCRIPT'
-Set ghosthand = CreateObject("Ghosthand.Ghosthand")
-Set window = ghosthand.MainWindow("no such program", "", "", 0, 0)
-If window Is Nothing Then WScript.Echo "It works"
-SCRIPT
 
 start_host() {
     timeout 300 wine "$1" </dev/null >/dev/null 2>&1 &
@@ -111,6 +90,10 @@ echo theirs >"$drive/tools/ghosthand.dll"
 session_run 60 reg.exe add 'HKLM\Software\Classes\Ghosthandle.Other' /ve /d theirs /f >/dev/null
 session_run 60 reg.exe add 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Other' /v DisplayName /d theirs /f >/dev/null
 session_run 60 reg.exe add 'HKCU\Software\Classes\CLSID\{00000000-0000-0000-0000-000000000001}' /ve /d theirs /f >/dev/null
+cat >"$work/uninstall.bat" <<'SCRIPT'
+@"C:\Program Files\Ghosthand\uninstall.exe" /S _?=C:\Program Files\Ghosthand
+@exit /b %ERRORLEVEL%
+SCRIPT
 snapshot before
 
 say "Installing for all users"
@@ -119,8 +102,7 @@ expect 0 "$installer" /S
 diff <(grep -vx -e installed-files.txt -e uninstall.exe "$work/installed") "$work/archive" || broken "installer and archive differ"
 [[ $(registered HKLM) == 'C:\Program Files\Ghosthand\ghosthand.dll' ]] || broken "registered is '$(registered HKLM)'"
 expect 0 'C:\Program Files\Ghosthand\ghosthand.exe' check
-run_script "$(windows_path "$work/create.vbs")"
-says "It works"
+an_object_is_made
 find "$drive" -name 'Sample program.lnk' | grep -q 'Start Menu' || broken "there is no entry in the start menu"
 
 say "Installing over it"
@@ -141,18 +123,17 @@ expect 0 "$installer" /S
 [[ -e $files/ghosthand.exe && -e $files/installed-files.txt && ! -e $files/~old ]] || broken "it was not: $(ls "$files")"
 
 say "A driven program holds the server"
-start_host 'C:\Program Files\Ghosthand\samples\sample_host.exe'
-end_host
 cp "$files/samples/sample_host.exe" "$drive/tools/"
 start_host 'C:\tools\sample_host.exe'
-run_script "$(windows_path "$work/drive.vbs")"
+expect 0 cscript.exe //nologo "$(windows_path "$work/drive.vbs")"
 says Driven
 expect 1 'C:\Program Files\Ghosthand\ghosthand.exe' holders
 says "sample_host.exe (process"
 find "$files" -type f -printf '%P %s %T@\n' | sort >"$work/held"
 expect 3 "$installer" /S
 says "sample_host.exe (process"
-uninstall 'C:\Program Files\Ghosthand' 3
+# This way it waits and gives its own exit code, but cannot remove itself.
+expect 3 cmd.exe /c "$(windows_path "$work/uninstall.bat")"
 says "sample_host.exe (process"
 diff "$work/held" <(find "$files" -type f -printf '%P %s %T@\n' | sort) || broken "files changed below a program that holds them"
 [[ -n $(registered HKLM) ]] || broken "the held server is no longer registered"
@@ -161,11 +142,7 @@ rm "$drive/tools/sample_host.exe"
 
 say "Removing"
 rm "$files/samples/own.vbs"
-expect 0 'C:\Program Files\Ghosthand\uninstall.exe' /S
-for _ in {1..100}; do
-    [[ -e $files ]] || break
-    sleep 0.2
-done
+uninstall 'C:\Program Files\Ghosthand'
 as_before "Removed"
 
 say "For the current user alone"
@@ -174,24 +151,28 @@ expect 0 "$installer" /S /CurrentUser
 user_folder=$(timeout 60 wine reg.exe query "HKCU\\$settings" /v InstallLocation </dev/null | tr -d '\r' | sed -n 's/.*REG_SZ *//p')
 expect 2 "$installer" /S /AllUsers
 says "for you alone"
-uninstall "$user_folder" 0
+uninstall "$user_folder"
 as_before "Removed for the current user"
 
 say "Folders of all kinds"
-for folder in 'C:\Prüf stände\it'\''s 100 % $HOME' 'C:\tools' "C:\\$(printf 'd%.0s' {1..150})"; do
-    expect 0 "$installer" /S "/D=$folder"
+# The longest that Windows allows a file's path, with the longest name and where it is unpacked.
+longest=$(sed 's/.* //' "$(find "$package" -name longest_name.nsh)")
+printf -v long_folder 'C:\\%*s' $((259 - longest - 9)) ''
+long_folder=${long_folder// /d}
+for folder in 'C:\Prüf stände\it'\''s 100 % $HOME' 'C:\tools' "$long_folder"; do
+    # Blanks and all, it must not be quoted: each word goes by itself.
+    read -ra words <<<"$folder"
+    expect 0 "$installer" /S "/D=${words[0]}" "${words[@]:1}"
     place=$folder
     # A folder with other things in it gets one below.
     [[ $folder != 'C:\tools' ]] || place='C:\tools\Ghosthand'
-    [[ $(registered HKLM) == "$place\\ghosthand.dll" ]] || broken "registered is '$(registered HKLM)', not '$place'"
     expect 0 "$place\\ghosthand.exe" check
-    run_script "$(windows_path "$work/create.vbs")"
-    says "It works"
-    uninstall "$place" 0
+    says "Registered for all users: $place\\ghosthand.dll"
+    an_object_is_made
+    uninstall "$place"
 done
-rm -rf "$drive/Prüf stände"
 as_before "Removed from folders of all kinds"
-expect 2 "$installer" /S "/D=C:\\$(printf 'd%.0s' {1..240})"
+expect 2 "$installer" /S "/D=${long_folder}d"
 says "too long"
 as_before "A folder whose name is too long"
 
@@ -202,6 +183,6 @@ expect 0 'C:\tools\earlier\ghosthand.exe' register
 snapshot before
 expect 0 "$installer" /S
 [[ $(registered HKLM) == 'C:\Program Files\Ghosthand\ghosthand.dll' ]] || broken "registered is '$(registered HKLM)'"
-uninstall 'C:\Program Files\Ghosthand' 0
+uninstall 'C:\Program Files\Ghosthand'
 as_before "Removed beside an earlier copy"
 printf 'All as it should be\n'

@@ -8,11 +8,27 @@ import os
 import re
 import sys
 
-# Wine writes these anew for each session and display.
+# Wine writes these anew for each session and display, for the first console, and, for the system's own type library,
+# when a library that builds upon it is read.
 NOISE = re.compile(
-    r"^(System\\\\(CurrentControlSet|ControlSet001)\\\\(Control|Enum|Hardware Profiles)"
-    r"|Software\\\\Wine\\\\Fonts|Hardware|Software\\\\Microsoft\\\\Windows NT\\\\CurrentVersion\\\\NetworkCards"
-    r"|Software\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\Explorer)",
+    "|".join(
+        re.escape(key).replace("/", r"\\\\")
+        for key in (
+            "System/CurrentControlSet/Control",
+            "System/CurrentControlSet/Enum",
+            "Hardware",
+            "Software/Wine/Fonts",
+            "Software/Microsoft/Windows NT/CurrentVersion/NetworkCards",
+            "Software/Classes/Typelib/{00020430-0000-0000-C000-000000000046}",
+            "Software/Classes/Interface/{4EF6100A-AF88-11D0-9846-00C04FC29993}",
+            "Software/Classes/Interface/{7BF80981-BF32-101A-8BBB-00AA00300CAB}",
+            "Software/Classes/Interface/{BEF6E003-A874-101A-8BBA-00AA00300CAB}",
+            "Software/Classes/Wow6432Node/Interface/{4EF6100A-AF88-11D0-9846-00C04FC29993}",
+            "Software/Classes/Wow6432Node/Interface/{7BF80981-BF32-101A-8BBB-00AA00300CAB}",
+            "Software/Classes/Wow6432Node/Interface/{BEF6E003-A874-101A-8BBA-00AA00300CAB}",
+            "Console",
+        )
+    ),
     re.IGNORECASE,
 )
 
@@ -23,17 +39,16 @@ def registry(path):
         for line in lines:
             if header := re.match(r"\[(.*)\] \d+$", line):
                 key = None if NOISE.match(header[1]) else header[1]
-                # An empty key that others live below says nothing of its own.
-            elif line.strip() and not line.startswith(("#", ";", "WINE REGISTRY")) and key is not None:
+                if key is not None:
+                    yield f"{os.path.basename(path)} {key}"
+            elif key is not None and line.strip() and not line.startswith(("#", ";")):
                 yield f"{os.path.basename(path)} {key}: {line.rstrip()}"
-                continue
-            if header and key is not None:
-                yield f"{os.path.basename(path)} {key}"
 
 
 def files(root):
     for folder, names, leaves in os.walk(root):
-        names.sort()
+        # The uninstaller's copy of itself, which it tells the system to delete at the next start.
+        names[:] = sorted(name for name in names if not name.startswith("~nsu"))
         for name in names:
             yield os.path.relpath(os.path.join(folder, name), root) + "/"
         for name in leaves:
