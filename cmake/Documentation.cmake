@@ -55,4 +55,6 @@ function(ghosthand_documentation interfaces)
             ${PROJECT_SOURCE_DIR}/tests/type_library/type_library_tables.py
         COMMENT "Documents: ${output}/html/index.html" VERBATIM)
     add_custom_target(docs ALL DEPENDS ${stamp})
+    # For whoever packs them.
+    set_target_properties(docs PROPERTIES GHOSTHAND_HTML_FOLDER ${output}/html)
 endfunction()

@@ -99,11 +99,13 @@ def _member(interface, member, page, texts):
             meaning = meaning.replace("|", "\\|")
             lines.append(f"| `{parameter.name}` | {parameter.type} | {_default(parameter)} | {meaning} |")
         lines.append("")
-    told = [("Waits", " ".join(texts["waits"].get(wait, wait) for wait in _listed(text["waits"])))]
-    told += [(label, text[key]) for label, key in
+    told = [("Waits", [texts["waits"].get(wait, wait) for wait in _listed(text["waits"])])]
+    told += [(label, [text[key]]) for label, key in
              (("Nothing", "nothing"), ("False", "false"), ("Errors", "errors")) if key in text]
-    for label, content in told:
-        lines += [f"{label}", f": {content}", ""]
+    for label, sentences in told:
+        lines += [f"**{label}**"]
+        for sentence in sentences:
+            lines += [f": {sentence}", ""]
     lines += ["```vbscript", text["example"].rstrip(), "```", ""]
     return lines
 
