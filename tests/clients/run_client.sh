@@ -102,6 +102,43 @@ client_minimal_host() {
     drive "$GHOSTHAND_MINIMAL_HOST" cscript.exe //nologo "$(windows_path samples/minimal_host/minimal_host.vbs)"
 }
 
+# A test runner's samples pass; then one of the tests is made to fail, and a picture of that must be in the report.
+client_pytest() {
+    packages_get
+    start_session
+    install_python
+    local folder=$WINEPREFIX/drive_c/samples
+    mkdir "$folder"
+    cp -r samples/python samples/pytest "$folder"
+    local pytest=('C:\python\python.exe' -m pytest -p no:cacheprovider --program "$GHOSTHAND_SAMPLE_HOST"
+        --html 'C:\report.html' --self-contained-html 'C:\samples\pytest')
+    run_windows "${pytest[@]}" || fail "The sample of pytest fails."
+    grep -q '8 passed' "$output" || fail "Not all tests of the sample ran."
+    sed -i 's/assert edit.Text == "New setting"/assert edit.Text == "Old setting"/' "$folder/pytest/test_sample_host.py"
+    ! run_windows "${pytest[@]}" || fail "A test that must fail passes."
+    grep -q '1 failed, 7 passed' "$output" || fail "A test that fails disturbs others."
+    grep -q 'data:image/png;base64,' "$WINEPREFIX/drive_c/report.html" || fail "The report has no picture."
+}
+
+client_robot() {
+    packages_get
+    start_session
+    install_python
+    local folder=$WINEPREFIX/drive_c/samples
+    mkdir "$folder"
+    cp -r samples/python samples/robot "$folder"
+    local robot=('C:\python\python.exe' -m robot --outputdir 'C:\report' --variable "PROGRAM:$GHOSTHAND_SAMPLE_HOST"
+        'C:\samples\robot\sample_host.robot')
+    run_windows "${robot[@]}" || fail "The sample of Robot Framework fails."
+    grep -q '3 tests, 3 passed, 0 failed' "$output" || fail "Not all tests of the sample ran."
+    sed -i 's/    Selected Tree Item Should Be .*/    Selected Tree Item Should Be    ${PARTS TREE}    Other/' \
+        "$folder/robot/sample_host.robot"
+    ! run_windows "${robot[@]}" || fail "A test that must fail passes."
+    grep -q '3 tests, 2 passed, 1 failed' "$output" || fail "A test that fails disturbs others."
+    [[ -s $WINEPREFIX/drive_c/report/desktop_1.png ]] && grep -q 'desktop_1.png' "$WINEPREFIX/drive_c/report/log.html" ||
+        fail "The log has no picture."
+}
+
 client_autohotkey() {
     packages_get
     start_session
