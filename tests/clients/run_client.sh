@@ -145,6 +145,41 @@ client_autohotkey() {
     stories "$packages/AutoHotkey64.exe" '/ErrorStdOut' samples/autohotkey ahk
 }
 
+# No .NET and no PowerShell run here: it is looked whether a compiler and a grammar take the sources.
+client_csharp() {
+    [[ -n $(command -v mcs) ]] || skip "there is no C# compiler (Debian's package mono-mcs)"
+    local story folder
+    folder=$(mktemp -d)
+    for story in Notepad SampleHost CadStory; do
+        say "$story.cs"
+        mcs -nologo -warn:4 -warnaserror -platform:x64 -reference:Microsoft.CSharp.dll -out:"$folder/$story.exe" \
+            "samples/csharp/$story.cs" samples/csharp/GhosthandHelpers.cs || fail "$story.cs does not compile."
+    done
+    rm -r "$folder"
+}
+
+client_powershell() {
+    packages_get
+    PYTHONPATH=$packages/native python3 tests/clients/scripts/check_powershell.py samples/powershell/*.ps1 ||
+        fail "PowerShell's grammar does not take what stands there."
+}
+
+client_go() {
+    [[ -n $(command -v go) ]] || skip "there is no Go (Debian's package golang-go)"
+    # Its own module cache below build, with the pinned versions; go.sum has their hashes.
+    local program=$clients_root/build/downloads/go/client.exe log=$clients_root/build/downloads/go/build.log
+    mkdir -p "${program%/*}"
+    (cd tests/clients/go && GOOS=windows GOARCH=amd64 CGO_ENABLED=0 GOFLAGS=-mod=mod GOMODCACHE=${program%/*}/modules \
+        timeout 300 go build -modcacherw -o "$program" . >"$log" 2>&1) || {
+        cat "$log"
+        ! grep -qi 'checksum mismatch' "$log" || fail "A module is not the one that go.sum names."
+        grep -qiE 'dial tcp|proxy|lookup|timeout|connection|status code' "$log" || fail "The Go client does not compile."
+        skip "Go's modules could not be fetched"
+    }
+    start_session
+    drive "$GHOSTHAND_SAMPLE_HOST" "$program" tests/com/expected_type_library.txt "$GHOSTHAND_DLL"
+}
+
 client_jscript() {
     start_session
     stories cscript.exe //nologo samples/jscript js
