@@ -1,7 +1,7 @@
 #!/bin/bash
 # run_client.sh CLIENT: one client's stories on a desktop and in a Wine prefix of its own, where the server is
-# registered for it. CTest runs it with GHOSTHAND_DLL, GHOSTHAND_SAMPLE_HOST, GHOSTHAND_MINIMAL_HOST and
-# GHOSTHAND_CPP_SAMPLES, which say where these are; ends with 77 where what the client needs cannot be had.
+# registered for it. CTest runs it with variables (GHOSTHAND_...) that say where what was built is;
+# ends with 77 where what the client needs cannot be had.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 # shellcheck source=tools/wine/session.sh
@@ -142,7 +142,9 @@ client_robot() {
 client_autohotkey() {
     packages_get
     start_session
-    stories "$packages/AutoHotkey64.exe" '/ErrorStdOut' samples/autohotkey ahk
+    stories "$packages/AutoHotkey64.exe" /ErrorStdOut samples/autohotkey ahk
+    drive "$GHOSTHAND_SAMPLE_HOST" "$packages/AutoHotkey64.exe" /ErrorStdOut \
+        "$(windows_path tests/clients/scripts/contract.ahk)" "$GHOSTHAND_DLL"
 }
 
 # No .NET and no PowerShell run here: it is looked whether a compiler and a grammar take the sources.
@@ -177,6 +179,8 @@ client_go() {
         skip "Go's modules could not be fetched"
     }
     start_session
+    local system=$WINEPREFIX/drive_c/windows/system32
+    [[ -e $system/bcryptprimitives.dll ]] || cp "$GHOSTHAND_GO_LIBRARY" "$system"
     drive "$GHOSTHAND_SAMPLE_HOST" "$program" tests/com/expected_type_library.txt "$GHOSTHAND_DLL"
 }
 
