@@ -49,6 +49,8 @@ packages_unpack() {
     mv "$folder"/interpreter/*/* "$python"
     # Without this file, which cuts it off from its surroundings, it is an ordinary Python.
     rm "$python"/python*._pth
+    # The system's management interface, which Wine 8 lacks half of: without this, Python asks elsewhere.
+    rm "$python/_wmi.pyd"
     unzip_to "$python/Lib" "$python/python313.zip"
     for wheel in "$folder"/wheels/*.whl; do
         case $wheel in

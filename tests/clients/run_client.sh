@@ -1,7 +1,7 @@
 #!/bin/bash
 # run_client.sh CLIENT: one client's stories on a desktop and in a Wine prefix of its own, where the server is
-# registered for it. CTest runs it with GHOSTHAND_DLL, GHOSTHAND_SAMPLE_HOST, GHOSTHAND_MINIMAL_HOST and
-# GHOSTHAND_CPP_SAMPLES, which say where these are; ends with 77 where what the client needs cannot be had.
+# registered for it. CTest runs it with variables (GHOSTHAND_...) that say where what was built is;
+# ends with 77 where what the client needs cannot be had.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 # shellcheck source=tools/wine/session.sh
@@ -102,10 +102,86 @@ client_minimal_host() {
     drive "$GHOSTHAND_MINIMAL_HOST" cscript.exe //nologo "$(windows_path samples/minimal_host/minimal_host.vbs)"
 }
 
+# A test runner's samples pass; then one of the tests is made to fail, and a picture of that must be in the report.
+client_pytest() {
+    packages_get
+    start_session
+    install_python
+    local folder=$WINEPREFIX/drive_c/samples
+    mkdir "$folder"
+    cp -r samples/python samples/pytest "$folder"
+    local pytest=('C:\python\python.exe' -m pytest -p no:cacheprovider --program "$GHOSTHAND_SAMPLE_HOST"
+        --html 'C:\report.html' --self-contained-html 'C:\samples\pytest')
+    run_windows "${pytest[@]}" || fail "The sample of pytest fails."
+    grep -q '8 passed' "$output" || fail "Not all tests of the sample ran."
+    sed -i 's/assert edit.Text == "New setting"/assert edit.Text == "Old setting"/' "$folder/pytest/test_sample_host.py"
+    ! run_windows "${pytest[@]}" || fail "A test that must fail passes."
+    grep -q '1 failed, 7 passed' "$output" || fail "A test that fails disturbs others."
+    grep -q 'data:image/png;base64,' "$WINEPREFIX/drive_c/report.html" || fail "The report has no picture."
+}
+
+client_robot() {
+    packages_get
+    start_session
+    install_python
+    local folder=$WINEPREFIX/drive_c/samples
+    mkdir "$folder"
+    cp -r samples/python samples/robot "$folder"
+    local robot=('C:\python\python.exe' -m robot --outputdir 'C:\report' --variable "PROGRAM:$GHOSTHAND_SAMPLE_HOST"
+        'C:\samples\robot\sample_host.robot')
+    run_windows "${robot[@]}" || fail "The sample of Robot Framework fails."
+    grep -q '3 tests, 3 passed, 0 failed' "$output" || fail "Not all tests of the sample ran."
+    sed -i 's/    Selected Tree Item Should Be .*/    Selected Tree Item Should Be    ${PARTS TREE}    Other/' \
+        "$folder/robot/sample_host.robot"
+    ! run_windows "${robot[@]}" || fail "A test that must fail passes."
+    grep -q '3 tests, 2 passed, 1 failed' "$output" || fail "A test that fails disturbs others."
+    [[ -s $WINEPREFIX/drive_c/report/desktop_1.png ]] && grep -q 'desktop_1.png' "$WINEPREFIX/drive_c/report/log.html" ||
+        fail "The log has no picture."
+}
+
 client_autohotkey() {
     packages_get
     start_session
-    stories "$packages/AutoHotkey64.exe" '/ErrorStdOut' samples/autohotkey ahk
+    stories "$packages/AutoHotkey64.exe" /ErrorStdOut samples/autohotkey ahk
+    drive "$GHOSTHAND_SAMPLE_HOST" "$packages/AutoHotkey64.exe" /ErrorStdOut \
+        "$(windows_path tests/clients/scripts/contract.ahk)" "$GHOSTHAND_DLL"
+}
+
+# No .NET and no PowerShell run here: it is looked whether a compiler and a grammar take the sources.
+client_csharp() {
+    [[ -n $(command -v mcs) ]] || skip "there is no C# compiler (Debian's package mono-mcs)"
+    local story folder
+    folder=$(mktemp -d)
+    for story in Notepad SampleHost CadStory; do
+        say "$story.cs"
+        mcs -nologo -warn:4 -warnaserror -platform:x64 -reference:Microsoft.CSharp.dll -out:"$folder/$story.exe" \
+            "samples/csharp/$story.cs" samples/csharp/GhosthandHelpers.cs || fail "$story.cs does not compile."
+    done
+    rm -r "$folder"
+}
+
+client_powershell() {
+    packages_get
+    PYTHONPATH=$packages/native python3 tests/clients/scripts/check_powershell.py samples/powershell/*.ps1 ||
+        fail "PowerShell's grammar does not take what stands there."
+}
+
+client_go() {
+    [[ -n $(command -v go) ]] || skip "there is no Go (Debian's package golang-go)"
+    # Its own module cache below build, with the pinned versions; go.sum has their hashes.
+    local program=$clients_root/build/downloads/go/client.exe log=$clients_root/build/downloads/go/build.log
+    mkdir -p "${program%/*}"
+    (cd tests/clients/go && GOOS=windows GOARCH=amd64 CGO_ENABLED=0 GOFLAGS=-mod=mod GOMODCACHE=${program%/*}/modules \
+        timeout 300 go build -modcacherw -o "$program" . >"$log" 2>&1) || {
+        cat "$log"
+        ! grep -qi 'checksum mismatch' "$log" || fail "A module is not the one that go.sum names."
+        grep -qiE 'dial tcp|proxy|lookup|timeout|connection|status code' "$log" || fail "The Go client does not compile."
+        skip "Go's modules could not be fetched"
+    }
+    start_session
+    local system=$WINEPREFIX/drive_c/windows/system32
+    [[ -e $system/bcryptprimitives.dll ]] || cp "$GHOSTHAND_GO_LIBRARY" "$system"
+    drive "$GHOSTHAND_SAMPLE_HOST" "$program" tests/com/expected_type_library.txt "$GHOSTHAND_DLL"
 }
 
 client_jscript() {
