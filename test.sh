@@ -1,8 +1,8 @@
 #!/bin/bash
 # Installs what is missing, builds everything and runs the tests.
 #   ./test.sh              all tests
-#   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault, apps, report, package, docs, clients, dpi)
-#   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault, dpi, browser)
+#   ./test.sh pure host    the tests with these labels (pure, window, host, com, fault, package, clients,
+#                          docs, browser, dpi)
 #   ./test.sh tree         the tests whose name matches this regular expression
 #   ./test.sh -V -R tree   options are passed on to ctest
 set -euo pipefail
@@ -22,8 +22,7 @@ select_tests() {
             return
         fi
         words+=("$word")
-        [[ $word =~ ^(pure|window|host|com|fault|apps|report|package|docs|clients|dpi)$ ]] || labels=no
-        [[ $word =~ ^(pure|window|host|com|fault|dpi|browser)$ ]] || labels=no
+        [[ $word =~ ^(pure|window|host|com|fault|package|clients|docs|browser|dpi)$ ]] || labels=no
     done
     ((${#words[@]})) || return 0
     local pattern
@@ -53,7 +52,8 @@ run_wine_tests() {
 
 select_tests "$@"
 tools/wine/setup.sh
-tools/wine/setup.sh --optional chromium chromium-driver python3-selenium # looking at the documents
+# A browser looks at the report and at the documents.
+tools/wine/setup.sh --optional chromium chromium-driver python3-selenium
 build native
 build cross
 ordinary=(-LE '^dpi$')
@@ -70,9 +70,6 @@ if (($# == 0)) || [[ " $* " == *" pure "* ]]; then
     ./fuzz.sh --short || fuzzing=failed
 fi
 
-if has_tests -L '^browser$'; then
-    tools/wine/setup.sh --browser || say "Without a browser its tests are skipped"
-fi
 if has_tests "${ordinary[@]}"; then
     say "Starting a desktop and a fresh Wine prefix"
     # shellcheck disable=SC2119

@@ -4,12 +4,14 @@
 #include <string>
 #include <string_view>
 
+#include "ghosthand/at_verb.h"
 #include "ghosthand/check_verb.h"
 #include "ghosthand/holders_verb.h"
 #include "ghosthand/register_verb.h"
 #include "ghosthand/report_verb.h"
 #include "ghosthand/trace_verb.h"
 #include "ghosthand/verbs.h"
+#include "ghosthand/windows_verb.h"
 #include "shared/console.h"
 
 namespace {
@@ -23,6 +25,30 @@ struct Verb {
 int Help(apps::Arguments);
 
 constexpr Verb kVerbs[] = {
+    {"windows",
+     "[PROGRAM] [--json] [--calls] [--language NAME] [--watch]\n"
+     "  Lists the windows of the programs whose file names begin with PROGRAM, or of all.\n"
+     "  --calls     with the shortest call of a script that reaches each, run once to be sure\n"
+     "  --language  of the calls: VBScript, JScript, PowerShell, Python or C#\n"
+     "  --json      for other tools (docs/command-line.md)\n"
+     "  --watch     goes on until Ctrl+C and shows what comes and goes",
+     apps::Windows},
+    {"at",
+     "X Y [--json] [--language NAME]\nghosthand at --watch [--json] [--language NAME]\n"
+     "  Says what lies at a point of the screen: the control, the item in it, and the calls that reach "
+     "them.\n"
+     "  --watch     follows the mouse until Ctrl+C\n"
+     "  --language  of the calls: VBScript, JScript, PowerShell, Python or C#\n"
+     "  --json      for other tools (docs/command-line.md)",
+     apps::At},
+    {"trace",
+     "[--folder FOLDER] PROGRAM [ARGUMENT...]\n  Runs the program, writes down what it does with Ghosthand, "
+     "and makes the report.\n  The exit code is the program's.",
+     apps::Trace},
+    {"report",
+     "FOLDER [--open] [--output FILE]\n  Makes the report of a traced run: FOLDER\\report.html, or FILE. "
+     "With --open, shows it.",
+     apps::Report},
     {"register",
      "[--user] [FILE]\n  Registers ghosthand.dll, the one beside this program or FILE, for all users or the "
      "current one.",
@@ -41,31 +67,7 @@ constexpr Verb kVerbs[] = {
      "registered\n"
      "  ghosthand.dll. Exit code 1 if there are any.",
      apps::Holders},
-    {"trace",
-     "[--folder FOLDER] PROGRAM [ARGUMENT...]\n  Runs the program, writes down what it does with Ghosthand, "
-     "and makes the report.\n  The exit code is the program's.",
-     apps::Trace},
-    {"report",
-     "FOLDER [--open] [--output FILE]\n  Makes the report of a traced run: FOLDER\\report.html, or FILE. "
-     "With --open, shows it.",
-     apps::Report},
     {"help", "[VERB]\n  Says what there is to type.", Help},
-    {"at",
-     "X Y [--json] [--language NAME]\nghosthand at --watch [--json] [--language NAME]\n"
-     "  Says what lies at a point of the screen: the control, the item in it, and the calls that reach "
-     "them.\n"
-     "  --watch     follows the mouse until Ctrl+C\n"
-     "  --language  of the calls: VBScript, JScript, PowerShell, Python or C#\n"
-     "  --json      for other tools (docs/command-line.md)",
-     apps::At},
-    {"windows",
-     "[PROGRAM] [--json] [--calls] [--language NAME] [--watch]\n"
-     "  Lists the windows of the programs whose file names begin with PROGRAM, or of all.\n"
-     "  --calls     with the shortest call of a script that reaches each, run once to be sure\n"
-     "  --language  of the calls: VBScript, JScript, PowerShell, Python or C#\n"
-     "  --json      for other tools (docs/command-line.md)\n"
-     "  --watch     goes on until Ctrl+C and shows what comes and goes",
-     apps::Windows},
 };
 
 const Verb* FindVerb(std::string_view name) {

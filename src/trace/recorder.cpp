@@ -331,7 +331,7 @@ void Recorder::Explain(std::unique_lock<std::mutex>& lock, ThreadState& state, c
     }
     for (const explain::Miss& miss : explanation.misses) {
         const bool isFirst = &miss == &explanation.misses.front();
-        WriteMiss(call.number, miss, isFirst ? explanation.line : std::string());
+        WriteMiss(call.number, miss, isFirst && miss.line.empty() ? explanation.line : miss.line);
     }
     if (desktop) {
         ++m_pictures;

@@ -3,16 +3,10 @@
 # are missing. Safe to run any number of times.
 #   tools/wine/setup.sh [PACKAGE...]            further packages
 #   tools/wine/setup.sh --optional PACKAGE...   only these; where they cannot be had, a line says so
-#   tools/wine/setup.sh [--browser] [PACKAGE...]    further packages; --browser: what the browser tests need
 set -euo pipefail
 # shellcheck source=tools/wine/messages.sh
 source "$(dirname "${BASH_SOURCE[0]}")/messages.sh"
 
-browser=()
-if [[ ${1:-} == --browser ]]; then
-    browser=(chromium chromium-driver python3-selenium) # large: only where these tests run
-    shift
-fi
 packages=(
     cmake ninja-build g++ googletest            # building
     g++-mingw-w64-x86-64 mingw-w64-tools        # ... for Windows
@@ -20,7 +14,7 @@ packages=(
     fonts-liberation                            # what they write with
     xvfb imagemagick                            # a desktop without a screen, and pictures of it
     python3 python3-pip                         # checking the type library against Microsoft's
-    "${browser[@]}" "$@"
+    "$@"
 )
 if [[ ${1:-} == --optional ]]; then
     packages=("${@:2}")
