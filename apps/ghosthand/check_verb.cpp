@@ -1,10 +1,9 @@
-#include "ghosthand/check_verb.h"
+#include "ghosthand/verbs.h"
 
 #include <algorithm>
 
 #include "explain/utf8.h"
 #include "ghosthand/check_facts.h"
-#include "ghosthand/register_verb.h"
 #include "shared/console.h"
 
 namespace apps {

@@ -1,4 +1,4 @@
-#include "ghosthand/holders_verb.h"
+#include "ghosthand/verbs.h"
 
 #include <filesystem>
 #include <fstream>

@@ -4,14 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "ghosthand/at_verb.h"
-#include "ghosthand/check_verb.h"
-#include "ghosthand/holders_verb.h"
-#include "ghosthand/register_verb.h"
-#include "ghosthand/report_verb.h"
-#include "ghosthand/trace_verb.h"
 #include "ghosthand/verbs.h"
-#include "ghosthand/windows_verb.h"
 #include "shared/console.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "ghosthand/register_verb.h"
+#include "ghosthand/verbs.h"
 
 #include <optional>
 

@@ -10,6 +10,7 @@
 
 #include "explain/utf8.h"
 #include "report/report_file.h"
+#include "ghosthand/verbs.h"
 #include "shared/console.h"
 
 namespace apps {

@@ -1,14 +1,9 @@
-// The verb that makes the report of a traced run.
+// The report of a traced run.
 #pragma once
 
 #include <filesystem>
 
-#include "ghosthand/verbs.h"
-
 namespace apps {
-
-// FOLDER [--open] [--output FILE]
-int Report(Arguments arguments);
 
 // Writes the report into the file. Throws std::runtime_error with a sentence in UTF-8.
 void WriteReport(const std::filesystem::path& folder, const std::filesystem::path& output);

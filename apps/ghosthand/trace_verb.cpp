@@ -1,4 +1,4 @@
-#include "ghosthand/trace_verb.h"
+#include "ghosthand/verbs.h"
 
 #include <chrono>
 #include <cstdio>

@@ -1,5 +1,5 @@
 // The verbs of the command line, each in a file of its own. A verb takes the arguments behind it (UTF-8) and
-// gives the program's exit code.
+// gives the program's exit code; main.cpp says what the arguments are.
 #pragma once
 
 #include <span>
@@ -14,6 +14,13 @@ inline constexpr int kFailed = 1;     // nothing found, or not done; what was wr
 inline constexpr int kWrongUsage = 2; // says nothing: the caller shows how the verb is used
 
 int At(Arguments arguments);
+int Check(Arguments arguments);
+int Holders(Arguments arguments);
+int Register(Arguments arguments);
+int Report(Arguments arguments);
+// The exit code is the traced program's.
+int Trace(Arguments arguments);
+int Unregister(Arguments arguments);
 int Windows(Arguments arguments);
 
 } // namespace apps
