@@ -136,8 +136,9 @@ TEST_F(WindowCallTest, WhatIsHiddenOrBelowSomethingHiddenTakesAFlag) {
     const HWND inHidden = Make(L"Edit", L"", hidden, 5);
     EXPECT_EQ(FollowedCall(hidden), "root.ChildWindow(\"\", \"\", 10, &H80)");
     EXPECT_EQ(FollowedCall(inHidden), "root.Edit(5, &HC0)");
+    Make(L"Edit", L"", Root(), 5, 0);
     const HWND shown = Make(L"Edit", L"", Root(), 5);
-    EXPECT_EQ(FollowedCall(shown), "root.Edit");
+    EXPECT_EQ(FollowedCall(shown), "root.Edit") << "no search sees the one before it";
     EXPECT_EQ(FollowedCall(inHidden), "root.ChildWindow(\"\", \"\", 10, &H80).Edit(5, &H80)");
 }
 
