@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "controls/host_control_search.h"
 #include "engine/dpi_scope.h"
 #include "engine/window_finders.h"
 #include "explain/item_finders.h"
@@ -75,8 +76,13 @@ FoundItem Find(HWND control, POINT point) {
     if (is("ToolbarWindow32") || hostlink::IsHostBarClass(windowClass)) {
         return ToolBarButtonAt(host, point);
     }
-    return hostlink::IsMenuClass(windowClass) ? PopupMenuItemAt(control, point)
-                                              : MenuBarItemAt(control, point);
+    if (hostlink::IsMenuClass(windowClass)) {
+        return PopupMenuItemAt(control, point);
+    }
+    if (is(engine::kOptionTree.className)) {
+        return OptionTreeItemAt(host, point);
+    }
+    return controls::IsGrid(control) ? GridCellAt(host, point) : MenuBarItemAt(control, point);
 }
 
 } // namespace
