@@ -51,22 +51,19 @@ private:
 };
 
 // Everything that the tree can show, in its order.
-std::vector<Target> EveryTarget(const Snapshot& snapshot) {
+std::vector<Target> EveryTarget(const std::vector<explain::ProgramFacts>& programs, bool withHidden) {
     std::vector<Target> targets;
-    std::vector<Target> left; // the next one is the last
-    for (const Branch& branch : snapshot.branches) {
-        targets.push_back(branch.parent);
-        for (auto row = branch.rows.rbegin(); row != branch.rows.rend(); ++row) {
-            left.push_back(row->target);
-        }
+    std::vector<HWND> left; // the next one is the last
+    for (const explain::ProgramFacts& program : programs) {
+        targets.push_back({program.processId, nullptr});
+        left = WindowsOf(program, withHidden);
+        std::ranges::reverse(left);
         while (!left.empty() && targets.size() < kMostWindows) {
-            const Target next = left.back();
+            const HWND next = left.back();
             left.pop_back();
-            targets.push_back(next);
-            const std::vector<HWND> children = explain::ChildrenOf(next.window);
-            for (auto child = children.rbegin(); child != children.rend(); ++child) {
-                left.push_back({next.processId, *child});
-            }
+            targets.push_back({program.processId, next});
+            const std::vector<HWND> children = explain::ChildrenOf(next);
+            left.insert(left.end(), children.rbegin(), children.rend());
         }
     }
     return targets;
@@ -75,12 +72,12 @@ std::vector<Target> EveryTarget(const Snapshot& snapshot) {
 } // namespace
 
 Found FindNext(const Search& search, const Target& from) {
-    Snapshot snapshot = TakeSnapshot({}, search.withHidden);
-    for (const explain::ProgramFacts& program : snapshot.programs) {
-        snapshot.branches.push_back({{program.processId, nullptr}, RowsOf(program, search.withHidden)});
+    std::vector<explain::ProgramFacts> programs;
+    for (ProgramRow& row : TakeSnapshot({}, search.withHidden).programs) {
+        programs.push_back(std::move(row.facts));
     }
-    const std::vector<Target> targets = EveryTarget(snapshot);
-    Matcher matcher(search, snapshot.programs);
+    const std::vector<Target> targets = EveryTarget(programs, search.withHidden);
+    Matcher matcher(search, programs);
     std::vector<std::size_t> matches;
     for (std::size_t index = 0; index < targets.size(); ++index) {
         if (matcher.Matches(targets[index])) {
