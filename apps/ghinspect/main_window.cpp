@@ -359,7 +359,7 @@ LRESULT MainWindow::OnNotify(NMHDR& header) {
             }
             return 0;
         }
-        return m_tree.OnNotify(header).value_or(0);
+        return m_tree.OnNotify(header);
     case ids::kPages:
         if (header.code == TCN_SELCHANGE) {
             ShowPage();

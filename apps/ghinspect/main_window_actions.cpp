@@ -149,10 +149,11 @@ void MainWindow::Find(bool backwards) {
     }
     const std::string narrow = explain::ToUtf8(text);
     if (!LooksLikeCall(narrow)) {
-        m_watcher->Ask([this, text, from = m_selection ? m_selection->target : Target{}, backwards,
-                        withHidden = m_settings.showHidden]() -> Reply {
-            return [this, found = FindNext(text, from, backwards, withHidden)] { OnFound(found); };
+        const Search search = {text, m_settings.language, backwards, m_settings.showHidden};
+        m_watcher->Ask([this, search, from = m_selection ? m_selection->target : Target{}]() -> Reply {
+            return [this, found = FindNext(search, from)] { OnFound(found); };
         });
+        ShowStatus(L"Searching \u2026");
         return;
     }
     const auto call = ReadCall(narrow, m_settings.language);

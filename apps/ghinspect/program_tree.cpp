@@ -81,7 +81,7 @@ std::vector<Target> ProgramTree::OpenBranches() const {
         left.pop_back();
         for (const auto& [key, child] : node->children) {
             if (!child->children.empty() || IsOpen(*child)) {
-                open.push_back(child->row.target);
+                open.push_back(child->target);
                 left.push_back(child.get());
             }
         }
@@ -89,34 +89,91 @@ std::vector<Target> ProgramTree::OpenBranches() const {
     return open;
 }
 
+const Label& ProgramTree::LabelOf(Node& node) {
+    if (!node.label) {
+        node.label = inspector::LabelOf(node.target.window);
+    }
+    return *node.label;
+}
+
 void ProgramTree::Merge(Snapshot snapshot, bool withHidden) {
     const bool wasChanging = std::exchange(m_isChanging, true);
-    m_programs = std::move(snapshot.programs);
     m_withHidden = withHidden;
-    Redrawing redrawing(m_tree);
-    MergeRows(m_root, snapshot.programRows, redrawing);
-    // From the outside to the inside: a branch may have gone with the one around it.
-    std::vector<Node*> left = {&m_root};
-    while (!left.empty()) {
-        Node* const node = left.back();
-        left.pop_back();
-        const auto branch = std::ranges::find(snapshot.branches, node->row.target, &Branch::parent);
-        if (node != &m_root && branch != snapshot.branches.end() && IsOpen(*node)) {
-            MergeRows(*node, branch->rows, redrawing);
-        }
-        for (const auto& [key, child] : node->children) {
-            if (!child->children.empty() || IsOpen(*child)) {
-                left.push_back(child.get());
+    m_programs.clear();
+    std::vector<Target> programs;
+    for (const ProgramRow& row : snapshot.programs) {
+        programs.push_back({row.facts.processId, nullptr});
+        m_programs[row.facts.processId] = row.facts;
+    }
+    {
+        Redrawing redrawing(m_tree);
+        MergeBranch(m_root, programs, redrawing);
+        // From the outside to the inside: a branch may have gone with the one around it.
+        std::vector<Node*> left = {&m_root};
+        while (!left.empty()) {
+            Node* const node = left.back();
+            left.pop_back();
+            const auto branch = std::ranges::find(snapshot.branches, node->target, &Branch::parent);
+            if (node != &m_root && branch != snapshot.branches.end()) {
+                MergeWindows(*node, branch->windows, redrawing);
+            }
+            for (const auto& [key, child] : node->children) {
+                if (!child->children.empty()) {
+                    left.push_back(child.get());
+                }
             }
         }
     }
+    for (ProgramRow& row : snapshot.programs) {
+        Node& node = *m_root.children[KeyOf({row.facts.processId, nullptr})];
+        if (!node.label || node.label->text != row.label.text ||
+            node.label->isVisible != row.label.isVisible) {
+            node.label = std::move(row.label);
+            Redisplay(node);
+        }
+    }
+    RefreshLabels();
     m_isChanging = wasChanging;
 }
 
-void ProgramTree::MergeRows(Node& parent, const std::vector<Row>& rows, Redrawing& redrawing) {
+void ProgramTree::RefreshLabels() {
+    HTREEITEM item = TreeView_GetFirstVisible(m_tree);
+    for (UINT left = TreeView_GetVisibleCount(m_tree) + 1; left > 0 && item != nullptr; --left) {
+        Node* const node = NodeOf(item);
+        if (node != nullptr && node->target.window != nullptr && node->label) {
+            const Label before = std::exchange(*node->label, inspector::LabelOf(node->target.window));
+            if (before.text != node->label->text || before.isVisible != node->label->isVisible ||
+                before.hasChildren != node->label->hasChildren) {
+                Redisplay(*node);
+            }
+        }
+        item = TreeView_GetNextVisible(m_tree, item);
+    }
+}
+
+// The tree view asks for the text again, and measures it.
+void ProgramTree::Redisplay(const Node& node) const {
+    TVITEMW item{};
+    item.mask = TVIF_TEXT | TVIF_CHILDREN;
+    item.hItem = node.item;
+    item.pszText = LPSTR_TEXTCALLBACKW;
+    item.cChildren = I_CHILDRENCALLBACK;
+    SendMessageW(m_tree, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void ProgramTree::MergeWindows(Node& parent, const std::vector<HWND>& windows, Redrawing& redrawing) {
+    std::vector<Target> targets;
+    targets.reserve(windows.size());
+    for (const HWND window : windows) {
+        targets.push_back({parent.target.processId, window});
+    }
+    MergeBranch(parent, targets, redrawing);
+}
+
+void ProgramTree::MergeBranch(Node& parent, const std::vector<Target>& targets, Redrawing& redrawing) {
     std::set<Key> wanted;
-    for (const Row& row : rows) {
-        wanted.insert(KeyOf(row.target));
+    for (const Target& target : targets) {
+        wanted.insert(KeyOf(target));
     }
     for (auto child = parent.children.begin(); child != parent.children.end();) {
         if (wanted.contains(child->first)) {
@@ -130,54 +187,35 @@ void ProgramTree::MergeRows(Node& parent, const std::vector<Row>& rows, Redrawin
     // New ones come behind the one that they follow; the others keep their places, though the order on the
     // screen changes with each click.
     HTREEITEM previous = TVI_FIRST;
-    for (const Row& row : rows) {
-        const auto known = parent.children.find(KeyOf(row.target));
+    for (const Target& target : targets) {
+        const auto known = parent.children.find(KeyOf(target));
         if (known != parent.children.end()) {
-            Update(*known->second, row, redrawing);
             previous = known->second->item;
         } else {
             redrawing.Hold();
-            Insert(parent, row, previous);
-            previous = parent.children[KeyOf(row.target)]->item;
+            Insert(parent, target, previous);
+            previous = parent.children[KeyOf(target)]->item;
         }
-    }
-    const bool hasChildren = !rows.empty();
-    if (&parent != &m_root && parent.row.hasChildren != hasChildren) {
-        Row row = parent.row;
-        row.hasChildren = hasChildren;
-        Update(parent, row, redrawing);
     }
 }
 
-void ProgramTree::Insert(Node& parent, const Row& row, HTREEITEM after) {
+void ProgramTree::Insert(Node& parent, const Target& target, HTREEITEM after) {
     auto node = std::make_unique<Node>();
     node->parent = &parent;
-    node->row = row;
+    node->target = target;
+    if (target.window == nullptr) {
+        node->label.emplace().hasChildren = true; // Merge writes it
+    }
     TVINSERTSTRUCTW insertion{};
     insertion.hParent = parent.item;
     insertion.hInsertAfter = after;
     insertion.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_CHILDREN;
-    insertion.item.pszText = node->row.label.data();
+    insertion.item.pszText = LPSTR_TEXTCALLBACKW;
     insertion.item.lParam = reinterpret_cast<LPARAM>(node.get());
-    insertion.item.cChildren = row.hasChildren ? 1 : 0;
+    insertion.item.cChildren = I_CHILDRENCALLBACK;
     node->item = reinterpret_cast<HTREEITEM>(
         SendMessageW(m_tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
-    parent.children[KeyOf(row.target)] = std::move(node);
-}
-
-void ProgramTree::Update(Node& node, const Row& row, Redrawing& redrawing) {
-    if (node.row.label == row.label && node.row.isVisible == row.isVisible &&
-        node.row.hasChildren == row.hasChildren) {
-        return;
-    }
-    redrawing.Hold();
-    node.row = row;
-    TVITEMW item{};
-    item.mask = TVIF_TEXT | TVIF_CHILDREN;
-    item.hItem = node.item;
-    item.pszText = node.row.label.data();
-    item.cChildren = row.hasChildren ? 1 : 0;
-    SendMessageW(m_tree, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    parent.children[KeyOf(target)] = std::move(node);
 }
 
 // The tree view would select a neighbour instead, as if the user had meant that one.
@@ -206,10 +244,10 @@ void ProgramTree::Clear(Node& node) {
 void ProgramTree::Fill(Node& node) {
     const bool wasChanging = std::exchange(m_isChanging, true);
     Redrawing redrawing(m_tree);
-    if (node.row.target.window != nullptr) {
-        MergeRows(node, RowsBelow(node.row.target.window), redrawing);
-    } else if (const auto* const program = Program(node.row.target.processId); program != nullptr) {
-        MergeRows(node, RowsOf(*program, m_withHidden), redrawing);
+    if (node.target.window != nullptr) {
+        MergeWindows(node, explain::ChildrenOf(node.target.window), redrawing);
+    } else if (const auto* const program = Program(node.target.processId); program != nullptr) {
+        MergeWindows(node, WindowsOf(*program, m_withHidden), redrawing);
     }
     m_isChanging = wasChanging;
 }
@@ -224,7 +262,7 @@ void ProgramTree::Open(Node& node) {
 
 std::optional<Target> ProgramTree::Selected() const {
     const Node* const node = NodeOf(TreeView_GetSelection(m_tree));
-    return node == nullptr ? std::nullopt : std::optional(node->row.target);
+    return node == nullptr ? std::nullopt : std::optional(node->target);
 }
 
 bool ProgramTree::Select(const Target& target) {
@@ -252,24 +290,40 @@ bool ProgramTree::Select(const Target& target) {
 }
 
 const explain::ProgramFacts* ProgramTree::Program(DWORD processId) const {
-    const auto program = std::ranges::find(m_programs, processId, &explain::ProgramFacts::processId);
-    return program == m_programs.end() ? nullptr : &*program;
+    const auto program = m_programs.find(processId);
+    return program == m_programs.end() ? nullptr : &program->second;
+}
+
+void ProgramTree::OnDisplay(NMTVDISPINFOW& display) const {
+    Node* const node = reinterpret_cast<Node*>(display.item.lParam);
+    if (node == nullptr) {
+        return;
+    }
+    const Label& label = LabelOf(*node);
+    if ((display.item.mask & TVIF_TEXT) != 0 && display.item.cchTextMax > 0) {
+        lstrcpynW(display.item.pszText, label.text.c_str(), display.item.cchTextMax);
+    }
+    display.item.cChildren = label.hasChildren ? 1 : 0;
 }
 
 LRESULT ProgramTree::OnCustomDraw(NMTVCUSTOMDRAW& draw) const {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
         return CDRF_NOTIFYITEMDRAW;
     }
-    const auto* const node = reinterpret_cast<const Node*>(draw.nmcd.lItemlParam);
+    Node* const node = reinterpret_cast<Node*>(draw.nmcd.lItemlParam);
     const bool isPlain = (draw.nmcd.uItemState & CDIS_SELECTED) == 0;
-    if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && node != nullptr && !node->row.isVisible && isPlain) {
+    if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && node != nullptr && isPlain &&
+        !LabelOf(*node).isVisible) {
         draw.clrText = GetSysColor(COLOR_GRAYTEXT);
     }
     return CDRF_DODEFAULT;
 }
 
-std::optional<LRESULT> ProgramTree::OnNotify(NMHDR& header) {
+LRESULT ProgramTree::OnNotify(NMHDR& header) {
     switch (header.code) {
+    case TVN_GETDISPINFOW:
+        OnDisplay(reinterpret_cast<NMTVDISPINFOW&>(header));
+        return 0;
     case TVN_ITEMEXPANDINGW: {
         const auto& expanding = reinterpret_cast<const NMTREEVIEWW&>(header);
         Node* const node = NodeOf(expanding.itemNew.hItem);
@@ -289,7 +343,7 @@ std::optional<LRESULT> ProgramTree::OnNotify(NMHDR& header) {
     case NM_CUSTOMDRAW:
         return OnCustomDraw(reinterpret_cast<NMTVCUSTOMDRAW&>(header));
     default:
-        return std::nullopt;
+        return 0;
     }
 }
 

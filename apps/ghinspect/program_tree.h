@@ -15,7 +15,8 @@
 
 namespace inspector {
 
-// Branches are filled when they are opened, and emptied when they are closed.
+// Branches are filled when they are opened, and emptied when they are closed; what is written on a window is
+// read when it comes into view.
 class ProgramTree {
 public:
     void Create(HWND parent, int id);
@@ -33,8 +34,8 @@ public:
     // Null if the tree does not have it.
     const explain::ProgramFacts* Program(DWORD processId) const;
 
-    // A notification of the tree view: the answer for it, none where it is not for this class.
-    std::optional<LRESULT> OnNotify(NMHDR& header);
+    // A notification of the tree view: the answer for it.
+    LRESULT OnNotify(NMHDR& header);
     // The selection changes because of Merge or Select, not by the user.
     bool IsChanging() const noexcept { return m_isChanging; }
 
@@ -43,27 +44,33 @@ private:
     using Key = INT_PTR;
     struct Node {
         Node* parent = nullptr;
-        Row row;
+        Target target;
+        std::optional<Label> label; // none: to be read when it is asked for
         HTREEITEM item = nullptr;
         std::map<Key, std::unique_ptr<Node>> children;
     };
     class Redrawing;
 
     static Key KeyOf(const Target& target) noexcept;
+    static const Label& LabelOf(Node& node);
     Node* NodeOf(HTREEITEM item) const;
     bool IsOpen(const Node& node) const;
     void Fill(Node& node);
-    void MergeRows(Node& parent, const std::vector<Row>& rows, Redrawing& redrawing);
-    void Insert(Node& parent, const Row& row, HTREEITEM after);
-    void Update(Node& node, const Row& row, Redrawing& redrawing);
+    void MergeBranch(Node& parent, const std::vector<Target>& targets, Redrawing& redrawing);
+    void MergeWindows(Node& parent, const std::vector<HWND>& windows, Redrawing& redrawing);
+    void Insert(Node& parent, const Target& target, HTREEITEM after);
     void Remove(Node& node);
     void Clear(Node& node);
     void Open(Node& node);
+    // Reads what is in view anew.
+    void RefreshLabels();
+    void Redisplay(const Node& node) const;
+    void OnDisplay(NMTVDISPINFOW& display) const;
     LRESULT OnCustomDraw(NMTVCUSTOMDRAW& draw) const;
 
     HWND m_tree = nullptr;
     Node m_root;
-    std::vector<explain::ProgramFacts> m_programs;
+    std::map<DWORD, explain::ProgramFacts> m_programs;
     bool m_withHidden = false;
     bool m_isChanging = false;
 };

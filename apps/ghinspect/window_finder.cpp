@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "explain/utf8.h"
+#include "explain/window_call.h"
 
 namespace inspector {
 
@@ -21,29 +22,48 @@ bool Contains(const std::string& text, const std::wstring& lowered) {
     return Lower(explain::ToUtf16(text)).find(lowered) != std::wstring::npos;
 }
 
-bool Matches(const explain::WindowFacts& facts, const std::wstring& lowered) {
-    const std::wstring id = facts.controlId == 0 ? L"" : std::to_wstring(facts.controlId);
-    return Contains(facts.className, lowered) || Contains(facts.caption, lowered) ||
-           (!id.empty() && (id == lowered || L"id " + id == lowered));
-}
+class Matcher {
+public:
+    Matcher(const Search& search, const std::vector<explain::ProgramFacts>& programs)
+        : m_lowered(Lower(search.text)), m_looksAtCalls(search.text.find(L'(') != std::wstring::npos),
+          m_language(search.language), m_programs(programs) {}
+
+    bool Matches(const Target& target) {
+        if (target.window == nullptr) {
+            const auto program =
+                std::ranges::find(m_programs, target.processId, &explain::ProgramFacts::processId);
+            return program != m_programs.end() && Contains(program->name, m_lowered);
+        }
+        const explain::WindowFacts facts = explain::FactsOf(target.window);
+        const std::wstring id = facts.controlId == 0 ? L"" : std::to_wstring(facts.controlId);
+        return Contains(facts.className, m_lowered) || Contains(facts.caption, m_lowered) ||
+               (!id.empty() && (id == m_lowered || L"id " + id == m_lowered)) ||
+               (m_looksAtCalls &&
+                Contains(CallText(m_calls.CallTo(target.window).call, m_language), m_lowered));
+    }
+
+private:
+    std::wstring m_lowered;
+    bool m_looksAtCalls;
+    explain::Language m_language;
+    const std::vector<explain::ProgramFacts>& m_programs;
+    explain::CallFinder m_calls{0};
+};
 
 // Everything that the tree can show, in its order.
-std::vector<Target> EveryTarget(const Snapshot& snapshot) {
+std::vector<Target> EveryTarget(const std::vector<explain::ProgramFacts>& programs, bool withHidden) {
     std::vector<Target> targets;
-    std::vector<Target> left; // the next one is the last
-    for (const Branch& branch : snapshot.branches) {
-        targets.push_back(branch.parent);
-        for (auto row = branch.rows.rbegin(); row != branch.rows.rend(); ++row) {
-            left.push_back(row->target);
-        }
+    std::vector<HWND> left; // the next one is the last
+    for (const explain::ProgramFacts& program : programs) {
+        targets.push_back({program.processId, nullptr});
+        left = WindowsOf(program, withHidden);
+        std::ranges::reverse(left);
         while (!left.empty() && targets.size() < kMostWindows) {
-            const Target next = left.back();
+            const HWND next = left.back();
             left.pop_back();
-            targets.push_back(next);
-            const std::vector<HWND> children = explain::ChildrenOf(next.window);
-            for (auto child = children.rbegin(); child != children.rend(); ++child) {
-                left.push_back({next.processId, *child});
-            }
+            targets.push_back({program.processId, next});
+            const std::vector<HWND> children = explain::ChildrenOf(next);
+            left.insert(left.end(), children.rbegin(), children.rend());
         }
     }
     return targets;
@@ -51,23 +71,16 @@ std::vector<Target> EveryTarget(const Snapshot& snapshot) {
 
 } // namespace
 
-Found FindNext(const std::wstring& text, const Target& from, bool backwards, bool withHidden) {
-    Snapshot snapshot = TakeSnapshot({}, withHidden);
-    for (const explain::ProgramFacts& program : snapshot.programs) {
-        snapshot.branches.push_back({{program.processId, nullptr}, RowsOf(program, withHidden)});
+Found FindNext(const Search& search, const Target& from) {
+    std::vector<explain::ProgramFacts> programs;
+    for (ProgramRow& row : TakeSnapshot({}, search.withHidden).programs) {
+        programs.push_back(std::move(row.facts));
     }
-    const std::vector<Target> targets = EveryTarget(snapshot);
-    const std::wstring lowered = Lower(text);
+    const std::vector<Target> targets = EveryTarget(programs, search.withHidden);
+    Matcher matcher(search, programs);
     std::vector<std::size_t> matches;
     for (std::size_t index = 0; index < targets.size(); ++index) {
-        const Target& target = targets[index];
-        const auto* const program = [&]() -> const explain::ProgramFacts* {
-            const auto found =
-                std::ranges::find(snapshot.programs, target.processId, &explain::ProgramFacts::processId);
-            return target.window != nullptr || found == snapshot.programs.end() ? nullptr : &*found;
-        }();
-        if (program != nullptr ? Contains(program->name, lowered)
-                               : Matches(explain::FactsOf(target.window), lowered)) {
+        if (matcher.Matches(targets[index])) {
             matches.push_back(index);
         }
     }
@@ -77,19 +90,16 @@ Found FindNext(const std::wstring& text, const Target& from, bool backwards, boo
         return found;
     }
     const auto place = static_cast<std::size_t>(std::ranges::find(targets, from) - targets.begin());
-    const std::size_t position = place == targets.size() ? 0 : place;
-    std::size_t chosen = 0;
-    if (backwards) {
-        const auto next = std::ranges::lower_bound(matches, position);
-        chosen = next == matches.begin() ? matches.size() - 1
-                                         : static_cast<std::size_t>(next - matches.begin()) - 1;
+    // Where the tree does not have the place, it counts as the end, and the search begins at the top.
+    auto match = std::ranges::lower_bound(matches, place);
+    if (search.isBackwards) {
+        match = match == matches.begin() ? matches.end() - 1 : match - 1;
     } else {
-        const bool isNothingSelected = place == targets.size();
-        const auto next = isNothingSelected ? matches.begin() : std::ranges::upper_bound(matches, position);
-        chosen = next == matches.end() ? 0 : static_cast<std::size_t>(next - matches.begin());
+        match += match != matches.end() && *match == place ? 1 : 0;
+        match = match == matches.end() ? matches.begin() : match;
     }
-    found.target = targets[matches[chosen]];
-    found.ordinal = static_cast<int>(chosen) + 1;
+    found.target = targets[*match];
+    found.ordinal = static_cast<int>(match - matches.begin()) + 1;
     return found;
 }
 

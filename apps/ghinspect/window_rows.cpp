@@ -14,39 +14,20 @@ bool IsShown(HWND window) {
     return IsWindowVisible(window) != FALSE;
 }
 
-Row RowOf(const explain::WindowFacts& facts) {
-    Row row;
-    row.target = {facts.processId, facts.window};
-    row.label = NameOf(facts);
-    row.isVisible = facts.isVisible;
-    row.hasChildren = GetWindow(facts.window, GW_CHILD) != nullptr;
-    if (!facts.isVisible) {
-        row.label += L" (hidden)";
-    } else if (!facts.isEnabled) {
-        row.label += L" (disabled)";
+Label LabelOf(const explain::ProgramFacts& program, const std::vector<explain::ProgramFacts>& programs) {
+    Label label;
+    label.text = program.name.empty() ? L"(unknown)" : explain::ToUtf16(program.name);
+    const auto hasSameName = [&](const explain::ProgramFacts& other) {
+        return other.processId != program.processId && other.name == program.name;
+    };
+    if (program.name.empty() || std::ranges::any_of(programs, hasSameName)) {
+        label.text += L" (" + std::to_wstring(program.processId) + L")";
     }
-    return row;
-}
-
-std::vector<Row> ProgramRows(const std::vector<explain::ProgramFacts>& programs) {
-    std::vector<Row> rows;
-    for (const explain::ProgramFacts& program : programs) {
-        Row row;
-        row.target.processId = program.processId;
-        row.label = program.name.empty() ? L"(unknown)" : explain::ToUtf16(program.name);
-        const auto hasSameName = [&](const explain::ProgramFacts& other) {
-            return other.processId != program.processId && other.name == program.name;
-        };
-        if (program.name.empty() || std::ranges::any_of(programs, hasSameName)) {
-            row.label += L" (" + std::to_wstring(program.processId) + L")";
-        }
-        const std::wstring note = NoteOn(program);
-        row.label += (note.empty() ? L"" : L" - ") + note;
-        row.isVisible = std::ranges::any_of(program.windows, IsShown);
-        row.hasChildren = true;
-        rows.push_back(std::move(row));
-    }
-    return rows;
+    const std::wstring note = NoteOn(program);
+    label.text += (note.empty() ? L"" : L" - ") + note;
+    label.isVisible = std::ranges::any_of(program.windows, IsShown);
+    label.hasChildren = true;
+    return label;
 }
 
 } // namespace
@@ -83,47 +64,50 @@ std::wstring NoteOn(const explain::ProgramFacts& program) {
     return program.is32Bit ? L"32-bit" : L"";
 }
 
-std::vector<Row> RowsOf(const std::vector<HWND>& windows) {
-    std::vector<Row> rows;
-    rows.reserve(windows.size());
-    for (const HWND window : windows) {
-        const explain::WindowFacts facts = explain::FactsOf(window);
-        if (facts.window != nullptr) {
-            rows.push_back(RowOf(facts));
-        }
+Label LabelOf(HWND window) {
+    const explain::WindowFacts facts = explain::FactsOf(window);
+    Label label;
+    if (facts.window == nullptr) {
+        label.text = L"(gone)";
+        return label;
     }
-    return rows;
+    label.text = NameOf(facts);
+    if (!facts.isVisible) {
+        label.text += L" (hidden)";
+    } else if (!facts.isEnabled) {
+        label.text += L" (disabled)";
+    }
+    label.isVisible = facts.isVisible;
+    label.hasChildren = GetWindow(window, GW_CHILD) != nullptr;
+    return label;
 }
 
-std::vector<Row> RowsBelow(HWND window) {
-    return RowsOf(explain::ChildrenOf(window));
-}
-
-std::vector<Row> RowsOf(const explain::ProgramFacts& program, bool withHidden) {
+std::vector<HWND> WindowsOf(const explain::ProgramFacts& program, bool withHidden) {
     std::vector<HWND> windows = program.windows;
     if (!withHidden) {
         std::erase_if(windows, [](HWND window) { return !IsShown(window); });
     }
-    return RowsOf(windows);
+    return windows;
 }
 
 Snapshot TakeSnapshot(const std::vector<Target>& open, bool withHidden) {
-    Snapshot snapshot;
-    snapshot.programs = explain::Programs();
-    std::erase_if(snapshot.programs, [&](const explain::ProgramFacts& program) {
+    std::vector<explain::ProgramFacts> programs = explain::Programs();
+    std::erase_if(programs, [&](const explain::ProgramFacts& program) {
         return program.processId == GetCurrentProcessId() ||
                (!withHidden && std::ranges::none_of(program.windows, IsShown));
     });
-    snapshot.programRows = ProgramRows(snapshot.programs);
+    Snapshot snapshot;
+    for (const explain::ProgramFacts& program : programs) {
+        snapshot.programs.push_back({program, LabelOf(program, programs)});
+    }
     for (const Target& target : open) {
         if (target.window != nullptr) {
-            snapshot.branches.push_back({target, RowsBelow(target.window)});
+            snapshot.branches.push_back({target, explain::ChildrenOf(target.window)});
             continue;
         }
-        const auto program =
-            std::ranges::find(snapshot.programs, target.processId, &explain::ProgramFacts::processId);
-        if (program != snapshot.programs.end()) {
-            snapshot.branches.push_back({target, RowsOf(*program, withHidden)});
+        const auto program = std::ranges::find(programs, target.processId, &explain::ProgramFacts::processId);
+        if (program != programs.end()) {
+            snapshot.branches.push_back({target, WindowsOf(*program, withHidden)});
         }
     }
     return snapshot;

@@ -18,9 +18,9 @@ struct Target {
     bool operator==(const Target&) const = default;
 };
 
-struct Row {
-    Target target;
-    std::wstring label;
+// How a target is written in the tree.
+struct Label {
+    std::wstring text;
     bool isVisible = true;
     bool hasChildren = false;
 };
@@ -32,21 +32,24 @@ std::wstring NoteOn(const explain::ProgramFacts& program);
 // Control characters become spaces, and a long text is cut.
 std::wstring OneLine(std::wstring text, std::size_t longest);
 
-// Windows that are gone are left out.
-std::vector<Row> RowsOf(const std::vector<HWND>& windows);
-std::vector<Row> RowsBelow(HWND window);
+// What is to be said of a window takes several questions to the system: it is asked for those that are seen.
+Label LabelOf(HWND window);
 // The top-level windows of the program.
-std::vector<Row> RowsOf(const explain::ProgramFacts& program, bool withHidden);
+std::vector<HWND> WindowsOf(const explain::ProgramFacts& program, bool withHidden);
+
+struct ProgramRow {
+    explain::ProgramFacts facts;
+    Label label;
+};
 
 struct Branch {
     Target parent;
-    std::vector<Row> rows;
+    std::vector<HWND> windows;
 };
 
 // The programs but this one, and what is below the targets that are open.
 struct Snapshot {
-    std::vector<explain::ProgramFacts> programs;
-    std::vector<Row> programRows;
+    std::vector<ProgramRow> programs;
     std::vector<Branch> branches;
 };
 

@@ -5,6 +5,7 @@
 #include "ghinspect/control_ids.h"
 #include "support/environment.h"
 #include "support/gui_thread.h"
+#include "support/job.h"
 #include "support/program.h"
 #include "support/sample_host.h"
 
@@ -13,9 +14,11 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 #include "automation/interfaces.h"
+#include "engine/window_search.h"
 
 namespace {
 
@@ -40,9 +43,12 @@ std::string Narrow(const std::wstring& text) {
     return narrow;
 }
 
+using Object = support::ComPointer<IDispatch>;
+
 class Inspector : public testing::Test {
 protected:
     static void SetUpTestSuite() {
+        support::EndChildrenWithThisProcess();
         support::Require(OleInitialize(nullptr), "OleInitialize");
         module = std::make_unique<BuiltModule>(BuiltModule::DefaultPath());
         ASSERT_EQ(module->RegisterServer(), S_OK);
@@ -77,7 +83,7 @@ protected:
         const auto found = Ask(*m_entry, L"MainWindow", L"ghinspect", L"", L"", LONG{0}, LONG{60});
         ASSERT_NE(found.Object(), nullptr);
         found.Object()->AddRef();
-        m_window = support::ComPointer<IDispatch>(found.Object());
+        m_window = Object(found.Object());
         m_handle = FindWindowA(ids::kWindowClass, nullptr);
     }
     void Close() {
@@ -86,18 +92,30 @@ protected:
         m_window.Reset();
     }
 
-    support::Variant Tree() const { return Ask(*m_window, L"TreeCtrl", LONG{ids::kTree}); }
-    support::Variant List(int id) const { return Ask(*m_window, L"ListView", LONG{id}); }
-    support::Variant Edit(int id) const { return Ask(*m_window, L"Edit", LONG{id}); }
-    std::string Text(int id) const {
-        return Narrow(
-            Ask(*Ask(*m_window, L"ChildWindow", L"", L"", LONG{id}).Object(), L"Text").Text());
+    // A control of the inspector; throws std::runtime_error when it is not found.
+    static Object Found(support::Variant found, const char* what) {
+        if (found.Object() == nullptr) {
+            throw std::runtime_error(std::string("not found: ") + what);
+        }
+        found.Object()->AddRef();
+        return Object(found.Object());
     }
-    void Press(int id) const { Ask(*Ask(*m_window, L"Button", L"", LONG{id}).Object(), L"Click"); }
+    Object Tree() const { return Found(Ask(*m_window, L"TreeCtrl", LONG{ids::kTree}), "the tree"); }
+    // Also that of the page behind.
+    Object List(int id) const {
+        return Found(Ask(*m_window, L"ListView", LONG{id}, LONG{engine::kIncludeHidden}), "a list");
+    }
+    Object Edit(int id) const { return Found(Ask(*m_window, L"Edit", LONG{id}), "an edit control"); }
+    Object Pages() const { return Found(Ask(*m_window, L"TabCtrl", LONG{ids::kPages}), "the pages"); }
+    std::string Text(int id) const {
+        const Object control = Found(Ask(*m_window, L"ChildWindow", L"", L"", LONG{id}), "a control");
+        return Narrow(Ask(*control, L"Text").Text());
+    }
+    void Press(int id) const { Ask(*Found(Ask(*m_window, L"Button", L"", LONG{id}), "a button"), L"Click"); }
 
     bool Select(const std::wstring& path) const {
         return Eventually([&] {
-            return Ask(*Tree().Object(), L"SelectItemByPath", path.c_str()).Bool();
+            return Ask(*Tree(), L"SelectItemByPath", path.c_str()).Bool();
         });
     }
     std::string WaitForText(int id, const testing::Matcher<const std::string&>& wanted) const {
@@ -110,10 +128,10 @@ protected:
         std::string value = "(no such row)";
         Eventually([&] {
             const auto table = List(list);
-            const LONG count = Ask(*table.Object(), L"ItemsCount").Long();
+            const LONG count = Ask(*table, L"ItemsCount").Long();
             for (LONG row = 0; row < count; ++row) {
-                if (Narrow(Ask(*table.Object(), L"GetItem", row).Text()) == name) {
-                    value = Narrow(Ask(*table.Object(), L"GetSubItem", row, LONG{1}).Text());
+                if (Narrow(Ask(*table, L"GetItem", row).Text()) == name) {
+                    value = Narrow(Ask(*table, L"GetSubItem", row, LONG{1}).Text());
                     return true;
                 }
             }
@@ -122,7 +140,7 @@ protected:
         return value;
     }
     void Find(const wchar_t* text) const {
-        support::PutByName(*Edit(ids::kFind).Object(), L"Text", text);
+        support::PutByName(*Edit(ids::kFind), L"Text", text);
         Press(ids::kFindNext);
     }
     // Whether its thread takes messages, as a user would notice.
@@ -133,10 +151,19 @@ protected:
 
     static inline std::unique_ptr<BuiltModule> module;
     std::unique_ptr<Program> m_program;
-    support::ComPointer<IDispatch> m_entry;
-    support::ComPointer<IDispatch> m_window;
+    Object m_entry;
+    Object m_window;
     HWND m_handle = nullptr;
 };
+
+// How the tree names a window.
+std::wstring Label(HWND window) {
+    wchar_t className[100] = L"";
+    wchar_t caption[100] = L"";
+    GetClassNameW(window, className, 100);
+    GetWindowTextW(window, caption, 100);
+    return std::wstring(className) + L" '" + caption + L"' id " + std::to_wstring(GetDlgCtrlID(window));
+}
 
 // What a script gets by the line: id and place of the window.
 std::string RunAsScript(const std::string& call) {
@@ -191,13 +218,15 @@ TEST_F(Inspector, RemembersTheLanguage) {
 }
 
 TEST_F(Inspector, FindsByClassCaptionAndCall) {
-    const SampleHost host("--page twins");
+    const SampleHost host("--page panels");
     ASSERT_TRUE(Select(L"sample_host.exe"));
     Find(L"msctls_STATUSBAR");
     EXPECT_THAT(WaitForText(ids::kName, StartsWith("msctls")), HasSubstr("id 1090"));
     EXPECT_THAT(Text(ids::kStatus), StartsWith("Match 1 of"));
-    Find(L"apply");
-    EXPECT_THAT(WaitForText(ids::kName, StartsWith("Button")), HasSubstr("'&Apply'"));
+    Find(L"right PANEL");
+    EXPECT_THAT(WaitForText(ids::kName, StartsWith("SampleHostPanel")), HasSubstr("id 1051"));
+    Find(L"toolbar(\"\", 1082");
+    EXPECT_THAT(WaitForText(ids::kName, StartsWith("BCGToolBar")), HasSubstr("id 1082"));
     Find(L"Set bar = gh.MainWindow(\"sample_host\").Toolbar(\"Draw\")");
     EXPECT_THAT(WaitForText(ids::kName, HasSubstr("Draw")), HasSubstr("id 1081"));
     // The step that fails is named.
@@ -210,21 +239,21 @@ TEST_F(Inspector, ReadsMembersAndDoesThem) {
     const SampleHost host;
     const HWND edit = host.WaitForWindow("document 1.1001");
     SetWindowTextA(edit, "before");
-    const auto pages = Ask(*m_window, L"TabCtrl", LONG{ids::kPages});
-    EXPECT_TRUE(Ask(*pages.Object(), L"SelectItemByName", L"Members").Bool());
-    ASSERT_TRUE(Select(L"sample_host.exe"));
-    Find(L"1001");
+    EXPECT_TRUE(Ask(*Pages(), L"SelectItemByName", L"Members").Bool());
+    ASSERT_TRUE(Select(std::wstring(L"sample_host.exe|") + kFrameLabel + L"|MDIClient|" +
+                       Label(GetParent(edit)) + L"|Edit id 1001"));
+    EXPECT_EQ(WaitForText(ids::kName, StartsWith("Edit")), "Edit id 1001");
     EXPECT_EQ(WaitForRow(ids::kMembers, "Text"), "\"before\"");
     EXPECT_EQ(WaitForRow(ids::kMembers, "ControlID"), "1001");
 
     const auto members = List(ids::kMembers);
     LONG put = -1; // the second row of that name
-    for (LONG row = Ask(*members.Object(), L"ItemsCount").Long() - 1; row >= 0 && put < 0; --row) {
-        put = Ask(*members.Object(), L"GetItem", row).Text() == L"Text" ? row : -1;
+    for (LONG row = Ask(*members, L"ItemsCount").Long() - 1; row >= 0 && put < 0; --row) {
+        put = Ask(*members, L"GetItem", row).Text() == L"Text" ? row : -1;
     }
-    EXPECT_TRUE(Ask(*members.Object(), L"SelectItem", put).Bool());
+    EXPECT_TRUE(Ask(*members, L"SelectItem", put).Bool());
     EXPECT_EQ(WaitForText(ids::kArguments, testing::Not("")), "\"\"");
-    support::PutByName(*Edit(ids::kArguments).Object(), L"Text", L"\"typed by the inspector\"");
+    support::PutByName(*Edit(ids::kArguments), L"Text", L"\"typed by the inspector\"");
     Press(ids::kDo);
     EXPECT_EQ(WaitForText(ids::kAnswer, "done"), "done");
     char text[100] = "";
@@ -242,7 +271,7 @@ TEST_F(Inspector, SaysThatAProgramHasEnded) {
     host.reset();
     EXPECT_THAT(WaitForText(ids::kName, HasSubstr("gone")), HasSubstr("gone"));
     EXPECT_TRUE(Eventually([&] {
-        return Ask(*Tree().Object(), L"ItemByPath", L"sample_host.exe").Object() == nullptr;
+        return Ask(*Tree(), L"ItemByPath", L"sample_host.exe").Object() == nullptr;
     }));
     // The next one is shown by itself.
     const SampleHost another;
@@ -253,8 +282,7 @@ TEST_F(Inspector, WorksOnWhileAProgramHangs) {
     const SampleHost host("--page twins");
     ASSERT_TRUE(Select(std::wstring(L"sample_host.exe|") + kFrameLabel));
     WaitForText(ids::kVerdict, HasSubstr("found"));
-    const auto pages = Ask(*m_window, L"TabCtrl", LONG{ids::kPages});
-    EXPECT_TRUE(Ask(*pages.Object(), L"SelectItemByName", L"Members").Bool());
+    EXPECT_TRUE(Ask(*Pages(), L"SelectItemByName", L"Members").Bool());
     PostMessageA(host.Frame(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
                  static_cast<WPARAM>(sample_host::Misbehaviour::Busy), 30000);
     const ULONGLONG began = GetTickCount64();
@@ -295,7 +323,7 @@ TEST_F(Inspector, PicksWhatTheCrossIsDroppedOn) {
     }
     send(MOUSEEVENTF_LEFTUP);
     EXPECT_THAT(WaitForText(ids::kName, HasSubstr("SampleHostGrid")), HasSubstr("SampleHostGrid"));
-    EXPECT_EQ(Ask(*Ask(*Tree().Object(), L"SelectedItem").Object(), L"Text").Text().substr(0, 14),
+    EXPECT_EQ(Ask(*Ask(*Tree(), L"SelectedItem").Object(), L"Text").Text().substr(0, 14),
               L"SampleHostGrid");
 }
 
