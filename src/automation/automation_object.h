@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "automation/activation_context.h"
+#include "automation/call_report.h"
 #include "automation/conversions.h"
 #include "automation/guarded.h"
 #include "automation/module_lock.h"
@@ -81,49 +82,84 @@ protected:
     // Runs a member's body with the engine object: E_UNEXPECTED if there is none, as in an object that a
     // client created itself. The body may wait and so let calls re-enter: the object is kept alive for it.
     // Coordinates are the driven program's own pixels, whatever the client is.
+    // A member with arguments names them, and the place for a result that is an object: whoever listens is
+    // told.
     template <class Body>
-    HRESULT Run(Body body) noexcept {
-        const KeptAlive kept(*this);
-        const engine::DpiScope dpi(m_awareness);
-        return Guarded([&]() -> HRESULT {
-            if (m_window == nullptr) {
-                return E_UNEXPECTED;
-            }
-            if constexpr (std::is_void_v<decltype(body(*m_window))>) {
-                body(*m_window);
-                return S_OK;
-            } else {
-                return body(*m_window);
-            }
-        });
+    HRESULT Run(Arguments arguments, Body body, const char* member = __builtin_FUNCTION()) noexcept {
+        return RunFor(Argument(), arguments, body, member);
+    }
+    template <class Body>
+    HRESULT Run(Body body, const char* member = __builtin_FUNCTION()) noexcept {
+        return RunFor(Argument(), {}, body, member);
     }
 
-    // The same for a member that needs no engine object.
+    // Run with the place for the result apart from the arguments.
     template <class Body>
-    HRESULT RunWithoutEngine(Body body) noexcept {
+    HRESULT RunFor(Argument result, Arguments arguments, Body body, const char* member) noexcept {
+        return RunBody(result, arguments, member, &Call<Body>, &body);
+    }
+
+    // Run for a member that needs no engine object.
+    template <class Body>
+    HRESULT RunWithoutEngine(Arguments arguments, Body body,
+                             const char* member = __builtin_FUNCTION()) noexcept {
         const KeptAlive kept(*this);
-        return Guarded(body);
+        CallReport report(Target(member), nullptr, arguments);
+        return report.Ended(Guarded(body));
     }
 
     // Run for a member with a result, which is cleared first. It is written unchecked: only the
     // members that say so test their out pointer.
     template <class Result, class Body>
-    HRESULT Get(Result* result, Body body) noexcept {
+    HRESULT Get(Result* result, Arguments arguments, Body body,
+                const char* member = __builtin_FUNCTION()) noexcept {
         *result = {};
-        return Run([&](Engine& engine) { Assign(result, body(engine)); });
+        return RunFor(
+            result, arguments, [&](Engine& engine) { Assign(result, body(engine)); }, member);
+    }
+    template <class Result, class Body>
+    HRESULT Get(Result* result, Body body, const char* member = __builtin_FUNCTION()) noexcept {
+        return Get(result, {}, body, member);
     }
 
     // A member that this class deliberately does not have, though its interface does.
-    HRESULT NotImplemented() noexcept {
-        return Run([](const Engine&) -> HRESULT { return E_NOTIMPL; });
+    HRESULT NotImplemented(const char* member = __builtin_FUNCTION()) noexcept {
+        return Run([](const Engine&) -> HRESULT { return E_NOTIMPL; }, member);
     }
     template <class Result>
-    HRESULT NotImplemented(Result* result) noexcept {
+    HRESULT NotImplemented(Result* result, const char* member = __builtin_FUNCTION()) noexcept {
         *result = {};
-        return NotImplemented();
+        return NotImplemented(member);
     }
 
 private:
+    template <class Body>
+    static HRESULT Call(void* body, Engine& engine) {
+        Body& member = *static_cast<Body*>(body);
+        if constexpr (std::is_void_v<decltype(member(engine))>) {
+            member(engine);
+            return S_OK;
+        } else {
+            return member(engine);
+        }
+    }
+
+    // What is around every member's body stands once for each class, not once for each member: every driven
+    // program maps it.
+    HRESULT RunBody(Argument result, Arguments arguments, const char* member, HRESULT (*call)(void*, Engine&),
+                    void* body) noexcept {
+        const KeptAlive kept(*this);
+        const engine::DpiScope dpi(m_awareness);
+        CallReport report(Target(member), m_window == nullptr ? nullptr : m_window->Window(), arguments,
+                          result);
+        return report.Ended(
+            Guarded([&] { return m_window == nullptr ? E_UNEXPECTED : call(body, *m_window); }));
+    }
+
+    CallTarget Target(const char* member) const noexcept {
+        return {static_cast<const Interface*>(this), typeid(Object), __uuidof(Interface), member};
+    }
+
     class InnerUnknown final : public IUnknown {
     public:
         explicit InnerUnknown(AutomationObject& owner) noexcept : m_owner(owner) {}

@@ -18,19 +18,19 @@ public:
         return Get(result, [](const auto& item) { return item.Visible(); });
     }
     HRESULT STDMETHODCALLTYPE put_Visible(VARIANT_BOOL value) override {
-        return Run([&](const auto& item) { item.SetVisible(automation::ToBool(value)); });
+        return Run({value}, [&](const auto& item) { item.SetVisible(automation::ToBool(value)); });
     }
     HRESULT STDMETHODCALLTYPE get_Checked(VARIANT_BOOL* result) override {
         return Get(result, [](const auto& item) { return item.Checked(); });
     }
     HRESULT STDMETHODCALLTYPE put_Checked(VARIANT_BOOL value) override {
-        return Run([&](const auto& item) { item.SetChecked(automation::ToBool(value)); });
+        return Run({value}, [&](const auto& item) { item.SetChecked(automation::ToBool(value)); });
     }
     HRESULT STDMETHODCALLTYPE get_Color(LONG* result) override {
         return Get(result, [](const auto& item) { return item.Color(); });
     }
     HRESULT STDMETHODCALLTYPE put_Color(LONG value) override {
-        return Run([&](const auto& item) { item.SetColor(value); });
+        return Run({value}, [&](const auto& item) { item.SetColor(value); });
     }
     HRESULT STDMETHODCALLTYPE get_Starred(VARIANT_BOOL* result) override {
         if (result == nullptr) {
@@ -39,6 +39,6 @@ public:
         return Get(result, [](const auto& item) { return item.Starred(); });
     }
     HRESULT STDMETHODCALLTYPE put_Starred(VARIANT_BOOL value) override {
-        return Run([&](const auto& item) { item.SetStarred(automation::ToBool(value)); });
+        return Run({value}, [&](const auto& item) { item.SetStarred(automation::ToBool(value)); });
     }
 };

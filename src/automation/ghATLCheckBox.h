@@ -15,12 +15,12 @@ public:
         return Get(result, [](const auto& box) { return box.Checked(); });
     }
     HRESULT STDMETHODCALLTYPE put_Checked(VARIANT_BOOL value) override {
-        return Run([&](const auto& box) { box.SetChecked(automation::ToBool(value)); });
+        return Run({value}, [&](const auto& box) { box.SetChecked(automation::ToBool(value)); });
     }
     HRESULT STDMETHODCALLTYPE get_CheckedState(ghCheckBoxState* result) override {
         return Get(result, [](const auto& box) { return static_cast<ghCheckBoxState>(box.CheckedState()); });
     }
     HRESULT STDMETHODCALLTYPE put_CheckedState(ghCheckBoxState value) override {
-        return Run([&](const auto& box) { box.SetCheckedState(value); });
+        return Run({value}, [&](const auto& box) { box.SetCheckedState(value); });
     }
 };

@@ -22,14 +22,14 @@ std::unique_ptr<ghControlBarItem> WaitForItem(const ghControlBar& bar, int timeo
 
 HRESULT ghATLControlBar::GetItem(int index, LONG, LONG timeout, IControlBarItem** result) {
     *result = nullptr;
-    return Run([&](const auto& bar) {
+    return Run({index, 0, timeout, result}, [&](const auto& bar) {
         return automation::Wrap(WaitForItem(bar, timeout, [&] { return bar.GetItem(index); }), result);
     });
 }
 
 HRESULT ghATLControlBar::GetItemByID(BSTR caption, int id, LONG, LONG timeout, IControlBarItem** result) {
     *result = nullptr;
-    return Run([&](const auto& bar) {
+    return Run({caption, id, 0, timeout, result}, [&](const auto& bar) {
         const std::string text = automation::ToAnsi(caption);
         return automation::Wrap(WaitForItem(bar, timeout, [&] { return bar.GetItemByID(text, id); }), result);
     });

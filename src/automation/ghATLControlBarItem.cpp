@@ -34,18 +34,19 @@ HRESULT WhenEnabled(const ghControlBarItem& item, const char* member, Action act
 } // namespace
 
 HRESULT ghATLControlBarItem::Click(LONG button, LONG x, LONG y) {
-    return Run([&](auto& item) { return WhenEnabled(item, "Click", [&] { item.Click(button, x, y); }); });
+    return Run({button, x, y},
+               [&](auto& item) { return WhenEnabled(item, "Click", [&] { item.Click(button, x, y); }); });
 }
 
 HRESULT ghATLControlBarItem::put_Checked(VARIANT_BOOL value) {
-    return Run([&](auto& item) {
+    return Run({value}, [&](auto& item) {
         return WhenEnabled(item, "Checked", [&] { item.SetChecked(automation::ToBool(value)); });
     });
 }
 
 HRESULT ghATLControlBarItem::Expand(IControlBar** result) {
     *result = nullptr;
-    return Run([&](auto& item) {
+    return Run({result}, [&](auto& item) {
         return WaitUntilEnabled(item, kExpandSeconds, "Expand") ? automation::Wrap(item.Expand(), result)
                                                                 : S_FALSE;
     });

@@ -23,6 +23,6 @@ public:
         return Get(result, [](const auto& item) { return item.EnabledTimeout(); });
     }
     HRESULT STDMETHODCALLTYPE put_EnabledTimeout(LONG value) override {
-        return Run([&](auto& item) { item.SetEnabledTimeout(value); });
+        return Run({value}, [&](auto& item) { item.SetEnabledTimeout(value); });
     }
 };

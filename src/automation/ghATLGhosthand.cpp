@@ -32,7 +32,7 @@ std::unique_ptr<ghBaseWindow> FindHost(const std::string& application, const std
 HRESULT ghATLGhosthand::MainWindow(BSTR application, BSTR caption, BSTR className, LONG flags, LONG timeout,
                                    IBaseWindow** result) {
     *result = nullptr;
-    return RunWithoutEngine([&] {
+    return RunWithoutEngine({application, caption, className, flags, timeout, result}, [&] {
         const std::string names[] = {automation::ToAnsi(application), automation::ToAnsi(caption),
                                      automation::ToAnsi(className)};
         return automation::Wrap(
@@ -45,16 +45,16 @@ HRESULT ghATLGhosthand::MainWindow(BSTR application, BSTR caption, BSTR classNam
 }
 
 HRESULT ghATLGhosthand::UnblockMouse() {
-    return RunWithoutEngine([] { input::UnblockMouse(); });
+    return RunWithoutEngine({}, [] { input::UnblockMouse(); });
 }
 
 HRESULT ghATLGhosthand::get_AllowMouseBlocks(VARIANT_BOOL* result) {
     *result = VARIANT_FALSE;
-    return RunWithoutEngine([&] { automation::Assign(result, input::AllowMouseBlocks()); });
+    return RunWithoutEngine({result}, [&] { automation::Assign(result, input::AllowMouseBlocks()); });
 }
 
 HRESULT ghATLGhosthand::put_AllowMouseBlocks(VARIANT_BOOL value) {
-    return RunWithoutEngine([&] { input::SetAllowMouseBlocks(automation::ToBool(value)); });
+    return RunWithoutEngine({value}, [&] { input::SetAllowMouseBlocks(automation::ToBool(value)); });
 }
 
 namespace automation {

@@ -10,10 +10,10 @@ public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
     HRESULT STDMETHODCALLTYPE SelectItem(int index, VARIANT_BOOL* result) override {
-        return Get(result, [&](const auto& combo) { return combo.SelectItem(index); });
+        return Get(result, {index}, [&](const auto& combo) { return combo.SelectItem(index); });
     }
     HRESULT STDMETHODCALLTYPE SelectItemByName(BSTR heading, BSTR item, VARIANT_BOOL* result) override {
-        return Get(result, [&](const auto& combo) {
+        return Get(result, {heading, item}, [&](const auto& combo) {
             return combo.SelectItemByName(automation::ToAnsi(heading), automation::ToAnsi(item));
         });
     }
@@ -24,9 +24,9 @@ public:
         return Get(result, [](const auto& combo) { return combo.HeadingText(); });
     }
     HRESULT STDMETHODCALLTYPE GetItem(LONG index, BSTR* result) override {
-        return Get(result, [&](const auto& combo) { return combo.ItemText(index); });
+        return Get(result, {index}, [&](const auto& combo) { return combo.ItemText(index); });
     }
     HRESULT STDMETHODCALLTYPE GetHeading(LONG index, BSTR* result) override {
-        return Get(result, [&](const auto& combo) { return combo.HeadingOfItem(index); });
+        return Get(result, {index}, [&](const auto& combo) { return combo.HeadingOfItem(index); });
     }
 };

@@ -10,30 +10,33 @@ public:
     using ghATLListImpl::ghATLListImpl;
 
     HRESULT STDMETHODCALLTYPE AddToSelection(LONG index, VARIANT_BOOL* result) override {
-        return Get(result, [&](auto& list) { return list.AddToSelection(index); });
+        return Get(result, {index}, [&](auto& list) { return list.AddToSelection(index); });
     }
     HRESULT STDMETHODCALLTYPE AddToSelectionByName(BSTR name, VARIANT_BOOL* result) override {
-        return Get(result, [&](auto& list) { return list.AddToSelectionByName(automation::ToAnsi(name)); });
+        return Get(result, {name},
+                   [&](auto& list) { return list.AddToSelectionByName(automation::ToAnsi(name)); });
     }
     HRESULT STDMETHODCALLTYPE Select() override {
         return Run([](auto& list) { list.Select(); });
     }
     HRESULT STDMETHODCALLTYPE GetSubItem(LONG index, LONG column, BSTR* result) override {
-        return Get(result, [&](const auto& list) { return list.GetSubItem(index, column); });
+        return Get(result, {index, column}, [&](const auto& list) { return list.GetSubItem(index, column); });
     }
     HRESULT STDMETHODCALLTYPE CheckItem(LONG index, VARIANT_BOOL* result) override {
-        return Get(result, [&](auto& list) { return list.CheckItem(index); });
+        return Get(result, {index}, [&](auto& list) { return list.CheckItem(index); });
     }
     HRESULT STDMETHODCALLTYPE CheckItemByName(BSTR name, VARIANT_BOOL* result) override {
-        return Get(result, [&](auto& list) { return list.CheckItemByName(automation::ToAnsi(name)); });
+        return Get(result, {name},
+                   [&](auto& list) { return list.CheckItemByName(automation::ToAnsi(name)); });
     }
     HRESULT STDMETHODCALLTYPE UncheckItem(LONG index, VARIANT_BOOL* result) override {
-        return Get(result, [&](auto& list) { return list.UncheckItem(index); });
+        return Get(result, {index}, [&](auto& list) { return list.UncheckItem(index); });
     }
     HRESULT STDMETHODCALLTYPE UncheckItemByName(BSTR name, VARIANT_BOOL* result) override {
-        return Get(result, [&](auto& list) { return list.UncheckItemByName(automation::ToAnsi(name)); });
+        return Get(result, {name},
+                   [&](auto& list) { return list.UncheckItemByName(automation::ToAnsi(name)); });
     }
     HRESULT STDMETHODCALLTYPE IsChecked(LONG index, VARIANT_BOOL* result) override {
-        return Get(result, [&](const auto& list) { return list.IsChecked(index); });
+        return Get(result, {index}, [&](const auto& list) { return list.IsChecked(index); });
     }
 };

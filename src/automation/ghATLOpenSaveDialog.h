@@ -10,7 +10,7 @@ public:
     using ghATLBaseWindowImpl::ghATLBaseWindowImpl;
 
     HRESULT STDMETHODCALLTYPE File(BSTR name) override {
-        return Run([&](const auto& dialog) { dialog.File(automation::ToAnsi(name)); });
+        return Run({name}, [&](const auto& dialog) { dialog.File(automation::ToAnsi(name)); });
     }
     HRESULT STDMETHODCALLTYPE get_Path(BSTR* result) override {
         return Get(result, [](const auto& dialog) { return dialog.Path(); });

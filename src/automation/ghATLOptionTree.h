@@ -11,12 +11,12 @@ public:
 
     HRESULT STDMETHODCALLTYPE GetItemByPath(BSTR path, IOptionTreeItem** result) override {
         *result = nullptr;
-        return Run([&](const auto& tree) {
+        return Run({path, result}, [&](const auto& tree) {
             return automation::Wrap(tree.ItemByPath(automation::ToAnsi(path)), result);
         });
     }
     HRESULT STDMETHODCALLTYPE get_Root(IOptionTreeItem** result) override {
         *result = nullptr;
-        return Run([&](const auto& tree) { return automation::Wrap(tree.RootItem(), result); });
+        return Run({result}, [&](const auto& tree) { return automation::Wrap(tree.RootItem(), result); });
     }
 };

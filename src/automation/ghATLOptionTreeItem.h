@@ -15,15 +15,15 @@ public:
     }
     HRESULT STDMETHODCALLTYPE get_Child(IOptionTreeItem** result) override {
         *result = nullptr;
-        return Run([&](const auto& item) { return automation::Wrap(item.ChildItem(), result); });
+        return Run({result}, [&](const auto& item) { return automation::Wrap(item.ChildItem(), result); });
     }
     HRESULT STDMETHODCALLTYPE get_Parent(IOptionTreeItem** result) override {
         *result = nullptr;
-        return Run([&](const auto& item) { return automation::Wrap(item.ParentItem(), result); });
+        return Run({result}, [&](const auto& item) { return automation::Wrap(item.ParentItem(), result); });
     }
     HRESULT STDMETHODCALLTYPE get_Sibling(IOptionTreeItem** result) override {
         *result = nullptr;
-        return Run([&](const auto& item) { return automation::Wrap(item.SiblingItem(), result); });
+        return Run({result}, [&](const auto& item) { return automation::Wrap(item.SiblingItem(), result); });
     }
     HRESULT STDMETHODCALLTYPE get_IsCheckbox(VARIANT_BOOL* result) override {
         return Get(result, [](const auto& item) { return item.IsCheckbox(); });
@@ -32,13 +32,13 @@ public:
         return Get(result, [](const auto& item) { return item.Checked(); });
     }
     HRESULT STDMETHODCALLTYPE put_Checked(VARIANT_BOOL value) override {
-        return Run([&](const auto& item) { item.SetChecked(automation::ToBool(value)); });
+        return Run({value}, [&](const auto& item) { item.SetChecked(automation::ToBool(value)); });
     }
     HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) override {
         return Get(result, [](const auto& item) { return item.Value(); });
     }
     HRESULT STDMETHODCALLTYPE put_Text(BSTR value) override {
-        return Run([&](const auto& item) { item.SetValue(automation::ToAnsi(value)); });
+        return Run({value}, [&](const auto& item) { item.SetValue(automation::ToAnsi(value)); });
     }
     HRESULT STDMETHODCALLTYPE get_IsReadOnly(VARIANT_BOOL* result) override {
         return Get(result, [](const auto& item) { return item.IsReadOnly(); });

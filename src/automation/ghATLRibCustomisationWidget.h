@@ -15,7 +15,8 @@ public:
     }
     // S_FALSE, no error, for a form that the host did not select.
     HRESULT STDMETHODCALLTYPE put_Selected(BSTR value) override {
-        return Run(
-            [&](const auto& widget) { return widget.Select(automation::ToAnsi(value)) ? S_OK : S_FALSE; });
+        return Run({value}, [&](const auto& widget) {
+            return widget.Select(automation::ToAnsi(value)) ? S_OK : S_FALSE;
+        });
     }
 };

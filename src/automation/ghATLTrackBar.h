@@ -12,7 +12,7 @@ public:
         return Get(result, [](const auto& bar) { return bar.Pos(); });
     }
     HRESULT STDMETHODCALLTYPE put_Pos(LONG value) override {
-        return Run([&](const auto& bar) { bar.SetPos(value); });
+        return Run({value}, [&](const auto& bar) { bar.SetPos(value); });
     }
     HRESULT STDMETHODCALLTYPE get_Max(LONG* result) override {
         return Get(result, [](const auto& bar) { return bar.Max(); });

@@ -10,42 +10,46 @@ public:
     using ghATLBaseWindowImpl<Object, ITreeControl, Engine, IBaseWindow>::ghATLBaseWindowImpl;
 
     HRESULT STDMETHODCALLTYPE SelectItem(BSTR path, VARIANT_BOOL* result) override {
-        return this->Get(result, [&](auto& tree) { return tree.SelectItem(automation::ToAnsi(path)); });
+        return this->Get(result, {path},
+                         [&](auto& tree) { return tree.SelectItem(automation::ToAnsi(path)); });
     }
     HRESULT STDMETHODCALLTYPE SelectItemByNum(int number, VARIANT_BOOL* result) override {
-        return this->Get(result, [&](auto& tree) { return tree.SelectItemByNum(number); });
+        return this->Get(result, {number}, [&](auto& tree) { return tree.SelectItemByNum(number); });
     }
     HRESULT STDMETHODCALLTYPE SelectItemByPath(BSTR path, VARIANT_BOOL* result) override {
         if (result == nullptr) {
             // Alone among the three in testing it, and not with E_POINTER, on purpose.
             return automation::FailWithoutText(E_FAIL);
         }
-        return this->Get(result, [&](auto& tree) { return tree.SelectItemByPath(automation::ToAnsi(path)); });
+        return this->Get(result, {path},
+                         [&](auto& tree) { return tree.SelectItemByPath(automation::ToAnsi(path)); });
     }
     HRESULT STDMETHODCALLTYPE ContextMenu(VARIANT_BOOL selected, IControlBar** result) override {
         *result = nullptr;
-        return this->Run([&](auto& tree) {
+        return this->Run({selected, result}, [&](auto& tree) {
             return automation::Wrap(tree.ContextMenu(automation::ToBool(selected)), result);
         });
     }
     HRESULT STDMETHODCALLTYPE ItemByNumPath(BSTR path, ITreeItem** result) override {
         *result = nullptr;
-        return this->Run([&](const auto& tree) {
+        return this->Run({path, result}, [&](const auto& tree) {
             return automation::Wrap(tree.ItemByNumPath(automation::ToAnsi(path)), result);
         });
     }
     HRESULT STDMETHODCALLTYPE ItemByNum(int number, ITreeItem** result) override {
         *result = nullptr;
-        return this->Run([&](const auto& tree) { return automation::Wrap(tree.ItemByNum(number), result); });
+        return this->Run({number, result},
+                         [&](const auto& tree) { return automation::Wrap(tree.ItemByNum(number), result); });
     }
     HRESULT STDMETHODCALLTYPE ItemByPath(BSTR path, ITreeItem** result) override {
         *result = nullptr;
-        return this->Run([&](const auto& tree) {
+        return this->Run({path, result}, [&](const auto& tree) {
             return automation::Wrap(tree.ItemByPath(automation::ToAnsi(path)), result);
         });
     }
     HRESULT STDMETHODCALLTYPE get_SelectedItem(ITreeItem** result) override {
         *result = nullptr;
-        return this->Run([&](const auto& tree) { return automation::Wrap(tree.SelectedItem(), result); });
+        return this->Run({result},
+                         [&](const auto& tree) { return automation::Wrap(tree.SelectedItem(), result); });
     }
 };

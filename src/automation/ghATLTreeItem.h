@@ -11,7 +11,7 @@ public:
         return Get(result, [](const auto& item) { return item.Text(); });
     }
     HRESULT STDMETHODCALLTYPE put_Text(BSTR value) override {
-        return Run([&](auto& item) { item.SetText(automation::ToAnsi(value)); });
+        return Run({value}, [&](auto& item) { item.SetText(automation::ToAnsi(value)); });
     }
     HRESULT STDMETHODCALLTYPE get_StateImage(LONG* result) override {
         return Get(result, [](const auto& item) { return item.StateImage(); });

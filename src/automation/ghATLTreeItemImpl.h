@@ -14,16 +14,16 @@ public:
         return this->Get(result, [](const auto& item) { return item.Selected(); });
     }
     HRESULT STDMETHODCALLTYPE put_Selected(VARIANT_BOOL value) override {
-        return this->Run([&](auto& item) { item.SetSelected(automation::ToBool(value)); });
+        return this->Run({value}, [&](auto& item) { item.SetSelected(automation::ToBool(value)); });
     }
     HRESULT STDMETHODCALLTYPE get_Expanded(VARIANT_BOOL* result) override {
         return this->Get(result, [](const auto& item) { return item.Expanded(); });
     }
     HRESULT STDMETHODCALLTYPE put_Expanded(VARIANT_BOOL value) override {
-        return this->Run([&](auto& item) { item.SetExpanded(automation::ToBool(value)); });
+        return this->Run({value}, [&](auto& item) { item.SetExpanded(automation::ToBool(value)); });
     }
     HRESULT STDMETHODCALLTYPE ContextMenu(IControlBar** result) override {
         *result = nullptr;
-        return this->Run([&](auto& item) { return automation::Wrap(item.ContextMenu(), result); });
+        return this->Run({result}, [&](auto& item) { return automation::Wrap(item.ContextMenu(), result); });
     }
 };

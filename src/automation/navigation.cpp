@@ -4,7 +4,6 @@
 #include "controlbars/ghMenu.h"
 #include "controlbars/ghToolbar.h"
 #include "engine/ghSharedUtils.h"
-#include "hostlink/host_classes.h"
 
 namespace automation::navigation {
 
@@ -118,16 +117,7 @@ Navigation<ghRibCustomiser> RibCustomisationWidget(std::string name, int id, int
 Navigation<ghControlBar> Toolbar(std::string caption, int id, int flags) {
     std::string message = Format("Failed to wait for Toolbar('%s', %d).", caption.c_str(), id);
     return {[=](const ghBaseWindow& from) -> std::unique_ptr<ghControlBar> {
-                // A toolbar of the system before one of the host's own kinds.
-                for (const std::string_view className :
-                     {std::string_view("ToolbarWindow32"), hostlink::kPlainBarClass,
-                      hostlink::kProfessionalBarClass}) {
-                    if (const HWND found =
-                            engine::FindChildWindow(from.Window(), caption, className, id, ToFlags(flags))) {
-                        return Found<ghToolbar>(found);
-                    }
-                }
-                return nullptr;
+                return Found<ghToolbar>(controlbars::FindToolbar(from.Window(), caption, id, ToFlags(flags)));
             },
             std::move(message)};
 }

@@ -5,6 +5,7 @@
 #include "controlbars/ghToolbarButton.h"
 #include "controlbars/toolbar_messages.h"
 #include "engine/prefix_match.h"
+#include "engine/window_finders.h"
 #include "engine/window_relations.h"
 #include "hostlink/host_classes.h"
 #include "hostlink/registered_messages.h"
@@ -82,3 +83,17 @@ void ghToolbar::CloseMenu() {
     ancestor.SetSynchronization(Synchronization());
     input::Click(ancestor, input::kLeftButton, 1, 1, 0);
 }
+
+namespace controlbars {
+
+HWND FindToolbar(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags) {
+    for (const std::string_view className :
+         {std::string_view("ToolbarWindow32"), hostlink::kPlainBarClass, hostlink::kProfessionalBarClass}) {
+        if (const HWND found = engine::FindChildWindow(from, caption, className, id, flags)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace controlbars

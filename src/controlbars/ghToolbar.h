@@ -1,6 +1,9 @@
 // A toolbar: a control of the system, or a bar or popup bar of the host's own kind.
 #pragma once
 
+#include <cstdint>
+#include <string_view>
+
 #include "controlbars/ghControlBar.h"
 
 class ghToolbar : public ghControlBar {
@@ -18,3 +21,11 @@ public:
 private:
     int FindIndex(const std::string& caption, int id) const;
 };
+
+namespace controlbars {
+
+// A toolbar of the system before one of the host's own kinds; null if there is none. `caption` is tested by
+// containment unless it is empty, an id below 1 means any, `flags` are engine::SearchFlag bits.
+HWND FindToolbar(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags);
+
+} // namespace controlbars

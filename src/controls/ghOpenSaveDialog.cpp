@@ -82,6 +82,10 @@ std::string ghOpenSaveDialog::Path() const {
 
 namespace controls {
 
+bool IsOpenSaveDialog(HWND window) {
+    return LooksLikeOpenSaveDialog(window) && IsSureOpenSaveDialog(window);
+}
+
 HWND FindOpenSaveDialog(HWND from) {
     const DWORD processId = hostlink::ProcessOf(from);
     if (processId == 0) {

@@ -21,6 +21,9 @@ public:
 
 namespace controls {
 
+// Has what only the system's dialog has, and is shown and enabled. The search below is content with less.
+bool IsOpenSaveDialog(HWND window);
+
 // The topmost dialog of this kind that `from`'s program shows; null if there is none.
 HWND FindOpenSaveDialog(HWND from);
 

@@ -15,6 +15,16 @@ bool AnswersProbe(HWND window, UINT message) {
     return SendMessageA(window, message, 0, 0) == ghosthand::host_contract::kProbeAnswer;
 }
 
+} // namespace
+
+bool IsCadTree(HWND window) {
+    return AnswersProbe(window, hlWM_REQUEST_CAD_TREE_INFORMATION);
+}
+
+bool IsGroupCombo(HWND window) {
+    return dkGroupComboHelpers::check_combo_type(window);
+}
+
 bool IsGrid(HWND window) {
     return AnswersProbe(window, hostlink::MSG_GX_RequestGridInformation);
 }
@@ -27,16 +37,6 @@ bool IsCadView(HWND window) {
     return SendMessageA(window, hostlink::MSG_HA_GetViewPosition, 1, 0) == 1;
 }
 
-} // namespace
-
-bool IsCadTree(HWND window) {
-    return AnswersProbe(window, hlWM_REQUEST_CAD_TREE_INFORMATION);
-}
-
-bool IsGroupCombo(HWND window) {
-    return dkGroupComboHelpers::check_combo_type(window);
-}
-
 HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags) {
     constexpr std::uint32_t kHonoured = engine::kAnyDescendant | engine::kIncludeHidden | engine::kIgnoreId;
     engine::WindowCriteria criteria;
@@ -44,6 +44,7 @@ HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags) {
         (flags & kHonoured) | engine::kIgnoreCaption | engine::kIgnoreClass | engine::kIgnoreStyle;
     engine::WantId(criteria, id);
     criteria.customTest = IsGrid;
+    criteria.customKind = "grid";
     return engine::FindBelow(from, criteria);
 }
 
@@ -69,7 +70,7 @@ HWND FindCadView(HWND from) {
 }
 
 HWND FindRibbonWidget(HWND from, std::string_view name, std::int64_t id, std::uint32_t flags) {
-    return engine::FindChildWindow(from, name, "Static", id, flags, IsRibbonWidget);
+    return engine::FindChildWindow(from, name, "Static", id, flags, IsRibbonWidget, "ribbon widget");
 }
 
 } // namespace controls

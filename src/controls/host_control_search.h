@@ -9,11 +9,15 @@
 
 namespace controls {
 
+// Each asks the window itself.
 bool IsCadTree(HWND window);
 bool IsGroupCombo(HWND window);
+bool IsGrid(HWND window);
+bool IsRibbonWidget(HWND window);
+bool IsCadView(HWND window);
 
-inline constexpr engine::ControlKind kCadTree = {"SysTreeView32", false, IsCadTree};
-inline constexpr engine::ControlKind kGroupCombo = {"ComboBox", true, IsGroupCombo};
+inline constexpr engine::ControlKind kCadTree = {"SysTreeView32", false, IsCadTree, "CAD tree"};
+inline constexpr engine::ControlKind kGroupCombo = {"ComboBox", true, IsGroupCombo, "group combo"};
 
 // The first match; an occurrence number in the flags counts for nothing.
 HWND FindGrid(HWND from, std::int64_t id, std::uint32_t flags);

@@ -7,6 +7,10 @@
 
 namespace engine::diagnostics {
 
+namespace detail {
+constinit std::atomic<Listener*> listener = nullptr;
+}
+
 namespace {
 
 Sink customSink = nullptr;
@@ -27,16 +31,27 @@ void SetSink(Sink sink) noexcept {
     customSink = sink;
 }
 
-bool Listening() noexcept {
+bool SinkListens() noexcept {
     return customSink != nullptr || IsDebuggerPresent() || DebugMonitorRuns();
 }
 
-void Report(std::string_view text) {
+void Describe(std::string_view text) {
     if (customSink != nullptr) {
         customSink(text);
-    } else if (Listening()) {
+    } else if (SinkListens()) {
         OutputDebugStringA((std::string(text) + "\n").c_str());
     }
+}
+
+void Report(std::string_view text) {
+    Describe(text);
+    if (Listener* const listener = CurrentListener()) {
+        listener->Reported(text);
+    }
+}
+
+void SetListener(Listener* listener) noexcept {
+    detail::listener.store(listener, std::memory_order_release);
 }
 
 std::string Format(const char* format, ...) {

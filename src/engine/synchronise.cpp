@@ -1,5 +1,6 @@
 #include "engine/synchronise.h"
 
+#include "engine/diagnostics.h"
 #include "engine/ghSharedUtils.h"
 #include "engine/thread_idle.h"
 #include "engine/wait_loop.h"
@@ -20,13 +21,19 @@ public:
           m_target(window.Window()), m_watch(window.ThreadId()) {}
 
     void Run() {
+        diagnostics::StepReport report(diagnostics::StepKind::Synchronise, {}, m_limits.longestMilliseconds);
         const ULONGLONG begin = GetTickCount64();
         const auto longest = static_cast<ULONGLONG>(m_limits.longestMilliseconds);
+        int rounds = 0;
+        bool inStep = false;
         do {
             ChooseTarget();
             PostMarker();
             PumpOneStep();
-        } while (!IsInStep() && GetTickCount64() - begin < longest);
+            ++rounds;
+            inStep = IsInStep();
+        } while (!inStep && GetTickCount64() - begin < longest);
+        report.Ends(Result(inStep, rounds));
     }
 
 private:
@@ -69,11 +76,29 @@ private:
     }
 
     // The idle query is the dearest question and comes last.
-    bool IsInStep() const { return HasTakenMarker() && IsPopupActive() && !IsBusy(); }
+    bool IsInStep() { return HasTakenMarker() && IsPopupActive() && !IsBusy(); }
 
-    bool IsBusy() const {
+    bool IsBusy() {
         const auto query = m_limits.queryIdle != nullptr ? m_limits.queryIdle : QueryThreadIdle;
-        return query(m_window.ThreadId()) == ThreadIdleState::Busy;
+        m_idle = query(m_window.ThreadId());
+        return m_idle == ThreadIdleState::Busy;
+    }
+
+    diagnostics::StepResult Result(bool inStep, int rounds) const noexcept {
+        const auto outcome = inStep ? diagnostics::StepOutcome::InStep : diagnostics::StepOutcome::GaveUp;
+        const char* const marker = m_isMarkerRefused ? "refused" : HasTakenMarker() ? "taken" : "not taken";
+        return {outcome, rounds, marker, IdleName(), m_watch.Popup()};
+    }
+
+    const char* IdleName() const noexcept {
+        switch (m_idle) {
+        case ThreadIdleState::Busy:
+            return "busy";
+        case ThreadIdleState::Idle:
+            return "idle";
+        default:
+            return "unknown";
+        }
     }
 
     const ghBaseWindow& m_window;
@@ -82,6 +107,7 @@ private:
     HWND m_target;
     bool m_isMarkerOut = false;
     bool m_isMarkerRefused = false;
+    ThreadIdleState m_idle = ThreadIdleState::CannotTell;
     hostlink::SyncWatch m_watch;
 };
 

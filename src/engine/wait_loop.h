@@ -13,14 +13,15 @@ inline constexpr int kStepMilliseconds = 100;
 
 // Dispatches the calling thread's messages for one step, or for a time in milliseconds; not at all for 0 or
 // less. Every pause of the engine is one of these: a thread that sleeps would not serve the hook that blocks
-// the mouse, and the system drops such a hook.
+// the mouse, and the system drops such a hook. The second one is reported as a pause; the first belongs to a
+// wait that is reported itself.
 void PumpOneStep() noexcept;
 void PumpFor(int milliseconds) noexcept;
 
 // Asks `predicate` at once and then after every 100 ms, until it answers true or the time is spent; a
 // timeout of 0 or less asks once. The result is whether time was left, deliberately: it is false when the
 // predicate came true on its very last try. Callers look at what the predicate found instead. `message`
-// goes to the diagnostic sink if the predicate never came true. Where `needed` is not null, the wait ends as
+// is reported if the predicate never came true. Where `needed` is not null, the wait ends as
 // soon as that window is gone: the predicate cannot come true without it. An empty predicate raises
 // std::bad_function_call.
 bool Wait(int timeoutSeconds, std::function<bool()> predicate, const std::string& message,

@@ -52,6 +52,7 @@ HWND FindControl(HWND from, const ControlKind& kind, std::int64_t id, std::uint3
     SetSearchText(criteria.className, kind.className);
     WantId(criteria, id);
     criteria.customTest = kind.customTest;
+    criteria.customKind = kind.customKind;
     return FindBelow(from, criteria);
 }
 
@@ -67,13 +68,14 @@ HWND FindTabControl(HWND from, std::int64_t id, std::uint32_t flags) {
 }
 
 HWND FindChildWindow(HWND from, std::string_view caption, std::string_view className, std::int64_t id,
-                     std::uint32_t flags, bool (*customTest)(HWND)) {
+                     std::uint32_t flags, bool (*customTest)(HWND), std::string_view customKind) {
     WindowCriteria criteria;
     criteria.flags = flags | kIgnoreStyle;
     WantCaption(criteria, caption);
     WantClass(criteria, className);
     WantId(criteria, id);
     criteria.customTest = customTest;
+    criteria.customKind = customKind;
     return FindBelow(from, criteria);
 }
 
@@ -96,7 +98,7 @@ HWND FindButton(HWND from, std::string_view caption, std::int64_t id, std::uint3
 }
 
 HWND FindCheckBox(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags) {
-    return FindChildWindow(from, caption, "Button", id, flags, id < 1 ? IsCheckBox : nullptr);
+    return FindChildWindow(from, caption, "Button", id, flags, id < 1 ? IsCheckBox : nullptr, "check box");
 }
 
 HWND FindActiveDocument(HWND from) {

@@ -16,6 +16,7 @@ struct ControlKind {
     std::string_view className;
     bool classContains = false;
     bool (*customTest)(HWND) = nullptr;
+    std::string_view customKind = {}; // as in WindowCriteria
 };
 
 inline constexpr ControlKind kEdit = {"Edit", true};
@@ -38,7 +39,8 @@ HWND FindControl(HWND from, const ControlKind& kind, std::int64_t id, std::uint3
 HWND FindTabControl(HWND from, std::int64_t id, std::uint32_t flags);
 // Caption and class are tested by containment unless they are empty.
 HWND FindChildWindow(HWND from, std::string_view caption, std::string_view className, std::int64_t id,
-                     std::uint32_t flags, bool (*customTest)(HWND) = nullptr);
+                     std::uint32_t flags, bool (*customTest)(HWND) = nullptr,
+                     std::string_view customKind = {});
 HWND FindChildDialog(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags);
 // The parent of the label, else of the button, with that caption and id at any depth below `from`.
 HWND FindChildDialogByControl(HWND from, std::string_view caption, std::int64_t id, bool visibleOnly);

@@ -1,11 +1,12 @@
 #include "engine/window_search.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <string>
 
 #include "engine/diagnostics.h"
 #include "engine/enumerate.h"
-#include "engine/program_name.h"
 #include "hostlink/host_text.h"
 #include "hostlink/window_kind.h"
 
@@ -17,7 +18,10 @@ namespace {
 class SearchRun {
 public:
     explicit SearchRun(WindowCriteria& criteria)
-        : m_criteria(criteria), m_describes(diagnostics::Listening()) {}
+        : m_criteria(criteria), m_tests(criteria), m_describes(diagnostics::SinkListens()) {}
+
+    // How many windows it has looked at.
+    int Windows() const noexcept { return m_windows; }
 
     void Enumerate() {
         const auto visit = [this](HWND window) {
@@ -37,6 +41,7 @@ private:
     bool Has(SearchFlag flag) const noexcept { return (m_criteria.flags & flag) != 0; }
 
     void Visit(HWND window) {
+        ++m_windows;
         if (m_describes) {
             Describe(window);
         }
@@ -46,52 +51,12 @@ private:
         }
     }
 
-    // Every test costs a call to the system or to the other program: the cheap ones come first, and what
-    // is ignored is not asked.
     bool Matches(HWND window) {
-        return HasWantedPlace(window) && HasWantedVisibility(m_criteria, window) &&
-               (!Has(kEnabledOnly) || IsWindowEnabled(window)) && HasWantedModule(window) &&
-               HasWantedCaption(window) && HasWantedClass(window) && HasWantedStyle(window) &&
-               HasWantedId(window) && (m_criteria.customTest == nullptr || m_criteria.customTest(window));
-    }
-
-    // An enumeration of descendants needs no question whether they are.
-    bool HasWantedPlace(HWND window) const noexcept {
-        return (m_amongDescendants && Has(kAnyDescendant)) || HasWantedParent(m_criteria, window);
-    }
-
-    bool HasWantedModule(HWND window) {
-        if (m_criteria.parent != nullptr || m_criteria.moduleName[0] == '\0') {
-            return true;
-        }
-        const std::string& name = m_programs.NameOf(window);
-        return _strnicmp(m_criteria.moduleName, name.c_str(), std::strlen(m_criteria.moduleName)) == 0;
-    }
-
-    bool HasWantedCaption(HWND window) const noexcept {
-        if (Has(kIgnoreCaption)) {
-            return true;
-        }
-        char text[kSearchTextSize] = "";
-        GetWindowTextA(window, text, kSearchTextSize);
-        return HasWantedText(text, m_criteria.caption, Has(kCaptionContains));
-    }
-
-    bool HasWantedClass(HWND window) const noexcept {
-        if (Has(kIgnoreClass)) {
-            return true;
-        }
-        char text[kSearchTextSize] = "";
-        GetClassNameA(window, text, kSearchTextSize);
-        return HasWantedText(text, m_criteria.className, Has(kClassContains));
-    }
-
-    bool HasWantedStyle(HWND window) const noexcept {
-        return Has(kIgnoreStyle) || (hostlink::WindowStyle(window) & kComparedStyles) == m_criteria.style;
-    }
-
-    bool HasWantedId(HWND window) const noexcept {
-        return Has(kIgnoreId) || GetWindowLongPtrA(window, GWLP_ID) == m_criteria.controlId;
+        // An enumeration of descendants needs no question whether they are.
+        static_assert(kWindowTests[0] == WindowTest::Place);
+        const bool hasPlace = m_amongDescendants && Has(kAnyDescendant);
+        return std::all_of(std::begin(kWindowTests) + (hasPlace ? 1 : 0), std::end(kWindowTests),
+                           [&](WindowTest test) { return m_tests.Passes(test, window); });
     }
 
     std::uint32_t Occurrence() const noexcept { return m_criteria.flags >> 16; }
@@ -113,7 +78,7 @@ private:
         const int style = static_cast<int>(hostlink::WindowStyle(window) & kComparedStyles);
         std::string text = diagnostics::Format("  Flags: %d\n", static_cast<int>(m_criteria.flags));
         text +=
-            "  Process: " + (m_criteria.parent == nullptr ? m_programs.NameOf(window) : std::string()) + "\n";
+            "  Process: " + (m_criteria.parent == nullptr ? m_tests.ProgramOf(window) : std::string()) + "\n";
         text += std::string("  Caption: ") + caption + "\n";
         text += std::string("  Class: ") + className + "\n";
         text += diagnostics::Format("  Style: %d\n", style);
@@ -121,13 +86,14 @@ private:
         if (m_criteria.customTest != nullptr) {
             text += "  Custom function";
         }
-        diagnostics::Report(text);
+        diagnostics::Describe(text);
     }
 
     WindowCriteria& m_criteria;
+    WindowTests m_tests;
     bool m_describes;
     bool m_amongDescendants = false;
-    ProgramNames m_programs;
+    int m_windows = 0;
 };
 
 } // namespace
@@ -165,8 +131,62 @@ bool HasWantedVisibility(const WindowCriteria& criteria, HWND window) noexcept {
     return (criteria.flags & kIncludeHidden) != 0 || IsWindowVisible(window);
 }
 
+bool WindowTests::Passes(WindowTest test, HWND window) {
+    switch (test) {
+    case WindowTest::Place:
+        return HasWantedParent(m_criteria, window);
+    case WindowTest::Visibility:
+        return HasWantedVisibility(m_criteria, window);
+    case WindowTest::Enabled:
+        return !Has(kEnabledOnly) || IsWindowEnabled(window);
+    case WindowTest::Module:
+        return HasWantedModule(window);
+    case WindowTest::Caption:
+        return HasWantedCaption(window);
+    case WindowTest::Class:
+        return HasWantedClass(window);
+    case WindowTest::Style:
+        return Has(kIgnoreStyle) || (hostlink::WindowStyle(window) & kComparedStyles) == m_criteria.style;
+    case WindowTest::Id:
+        return Has(kIgnoreId) || GetWindowLongPtrA(window, GWLP_ID) == m_criteria.controlId;
+    case WindowTest::Custom:
+        return m_criteria.customTest == nullptr || m_criteria.customTest(window);
+    }
+    return false;
+}
+
+bool WindowTests::HasWantedModule(HWND window) {
+    if (m_criteria.parent != nullptr || m_criteria.moduleName[0] == '\0') {
+        return true;
+    }
+    const std::string& name = ProgramOf(window);
+    return _strnicmp(m_criteria.moduleName, name.c_str(), std::strlen(m_criteria.moduleName)) == 0;
+}
+
+bool WindowTests::HasWantedCaption(HWND window) const noexcept {
+    if (Has(kIgnoreCaption)) {
+        return true;
+    }
+    char text[kSearchTextSize] = "";
+    GetWindowTextA(window, text, kSearchTextSize);
+    return HasWantedText(text, m_criteria.caption, Has(kCaptionContains));
+}
+
+bool WindowTests::HasWantedClass(HWND window) const noexcept {
+    if (Has(kIgnoreClass)) {
+        return true;
+    }
+    char text[kSearchTextSize] = "";
+    GetClassNameA(window, text, kSearchTextSize);
+    return HasWantedText(text, m_criteria.className, Has(kClassContains));
+}
+
 bool Search(WindowCriteria& criteria) {
-    SearchRun(criteria).Enumerate();
+    SearchRun run(criteria);
+    run.Enumerate();
+    if (diagnostics::Listener* const listener = diagnostics::CurrentListener()) {
+        listener->Searched(criteria, run.Windows());
+    }
     return criteria.result != nullptr;
 }
 

@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include "engine/program_name.h"
 #include "engine/search_text.h"
 
 namespace engine {
@@ -43,6 +44,7 @@ struct WindowCriteria {
     HWND result = nullptr;
     std::uint32_t matchCount = 0;
     bool (*customTest)(HWND) = nullptr;
+    std::string_view customKind; // what the custom test tells, in words: "check box"
 };
 
 // Fills a text field of the criteria, in the system code page.
@@ -58,6 +60,34 @@ void WantId(WindowCriteria& criteria, std::int64_t id) noexcept;
 // every test, also of searches with a callback of their own.
 bool HasWantedParent(const WindowCriteria& criteria, HWND window) noexcept;
 bool HasWantedVisibility(const WindowCriteria& criteria, HWND window) noexcept;
+
+// What a window must pass, in the order of a search. Every test costs a call to the system or to the other
+// program: the cheap ones come first.
+enum class WindowTest { Place, Visibility, Enabled, Module, Caption, Class, Style, Id, Custom };
+inline constexpr WindowTest kWindowTests[] = {WindowTest::Place,  WindowTest::Visibility, WindowTest::Enabled,
+                                              WindowTest::Module, WindowTest::Caption,    WindowTest::Class,
+                                              WindowTest::Style,  WindowTest::Id,         WindowTest::Custom};
+
+// The tests of one search, each for itself. What the criteria ignore is passed without a question.
+class WindowTests {
+public:
+    explicit WindowTests(const WindowCriteria& criteria) noexcept : m_criteria(criteria) {}
+
+    // Only the custom test asks the window's program, and waits as long as it takes.
+    bool Passes(WindowTest test, HWND window);
+
+    // As ProgramNames.
+    const std::string& ProgramOf(HWND window) { return m_programs.NameOf(window); }
+
+private:
+    bool Has(SearchFlag flag) const noexcept { return (m_criteria.flags & flag) != 0; }
+    bool HasWantedModule(HWND window);
+    bool HasWantedCaption(HWND window) const noexcept;
+    bool HasWantedClass(HWND window) const noexcept;
+
+    const WindowCriteria& m_criteria;
+    ProgramNames m_programs;
+};
 
 // Looks through the descendants of the parent, then, if there was no match, through the top-level windows
 // (an owned popup counts as a child of its owner). True when a window was found: `result`.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <windows.h>
@@ -38,9 +39,15 @@ struct ProgramFacts {
     std::vector<HWND> windows; // top-level ones, from the front to the back
 };
 
+// Whether the window's thread answers, asked for at most 200 ms.
+bool Answers(HWND window);
+
 // The programs that have top-level windows, by name, then by process. `prefix` is a case-insensitive prefix
 // of the file name; empty for all.
 std::vector<ProgramFacts> Programs(std::string_view prefix = {});
+// What of a program keeps scripts from driving it, a sentence each; empty if nothing does.
+std::vector<std::string> Remarks(const ProgramFacts& program);
+
 // The direct children, from the front to the back.
 std::vector<HWND> ChildrenOf(HWND window);
 // The style bits by their names in the system's headers, those that mean something for the class included

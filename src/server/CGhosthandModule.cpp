@@ -7,6 +7,7 @@
 #include "engine/thread_idle.h"
 #include "hostlink/module_instance.h"
 #include "server/thread_locale.h"
+#include "trace/trace.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ HRESULT CGhosthandModule::GetClassObject(const CLSID& classId, REFIID iid, void*
     *object = nullptr;
     if (!m_factoryCreation)
         return E_UNEXPECTED;
+    trace::StartIfAsked(); // only a script comes here, no driven program
     for (server::ObjectMapEntry& entry : m_objectMap)
         if (*entry.classId == classId)
             return Factory(entry).QueryInterface(iid, object);

@@ -7,6 +7,7 @@
 #include "engine/ghSharedUtils.h"
 #include "server/CGhosthandApp.h"
 #include "server/CGhosthandModule.h"
+#include "trace/trace.h"
 
 namespace {
 
@@ -17,6 +18,8 @@ constinit CGhosthandModule comServer;
 
 // The threads' notifications stay on: the run-time library, linked statically, needs them.
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
+    if (reason == DLL_PROCESS_DETACH)
+        trace::Finish();
     if (reason != DLL_PROCESS_ATTACH)
         return TRUE;
     comServer.Initialize(instance, server::ObjectMap());
