@@ -99,8 +99,8 @@ class Page {
         document.addEventListener("keydown", event => this.key(event));
         addEventListener("beforeprint", () => fillPrint(trace, this.shown, this.selected));
         addEventListener("afterprint", () => byId("print").replaceChildren());
-        // What a tester comes for.
-        const wanted = trace.open.at(-1) || trace.calls.findLast(call => call.isFailed) || trace.calls[0];
+        // What a tester comes for: where it stopped.
+        const wanted = trace.open.at(-1) || trace.calls.findLast(call => call.isFailed) || trace.calls.at(-1);
         if (wanted) this.select(wanted);
         else byId("details").append(make("p", "", "No call."));
     }

@@ -400,7 +400,7 @@ class Report(unittest.TestCase):
 
 if __name__ == "__main__":
     if webdriver is None or not shutil.which("chromium") or not shutil.which("chromedriver"):
-        print("Skipped: needs the packages chromium, chromium-driver and python3-selenium (tools/wine/setup.sh --browser)")
+        print("Skipped: needs the packages chromium, chromium-driver and python3-selenium")
         sys.exit(77)
     COMMAND = sys.argv[1:3]
     unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2)
