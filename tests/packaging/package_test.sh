@@ -12,8 +12,8 @@ source tests/packaging/expect.sh
 build=$1
 # What CTest takes for "skipped".
 skipped=77
-for program in makensis zip python3; do
-    command -v "$program" >/dev/null || { echo "Skipped: $program is not installed (tools/wine/setup.sh nsis zip)"; exit $skipped; }
+for program in makensis unzip python3; do
+    command -v "$program" >/dev/null || { echo "Skipped: $program is not installed (tools/wine/setup.sh)"; exit $skipped; }
 done
 
 package=$work/package
