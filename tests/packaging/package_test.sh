@@ -12,8 +12,8 @@ source tests/packaging/expect.sh
 build=$1
 # What CTest takes for "skipped".
 skipped=77
-for program in makensis zip python3; do
-    command -v "$program" >/dev/null || { echo "Skipped: $program is not installed (tools/wine/setup.sh nsis zip)"; exit $skipped; }
+for program in makensis unzip python3; do
+    command -v "$program" >/dev/null || { echo "Skipped: $program is not installed (tools/wine/setup.sh)"; exit $skipped; }
 done
 
 package=$work/package
@@ -53,7 +53,7 @@ uninstall() {
 }
 
 start_host() {
-    timeout 300 wine "$1" </dev/null >/dev/null 2>&1 &
+    timeout 300 wine "$@" </dev/null >/dev/null 2>&1 &
     host_pid=$!
     sleep 3
 }
@@ -119,11 +119,30 @@ say "An update that was interrupted is undone by the next"
 mkdir -p "$files/~old" "$files/~new"
 mv "$files/installed-files.txt" "$files/ghosthand.exe" "$files/~old/"
 grep -v '^ghosthand.exe' "$files/~old/installed-files.txt" >"$files/~new/installed-files.txt"
+# What has not been set aside yet is not taken for new.
+echo old >"$files/samples/sample_host.exe"
 expect 0 "$installer" /S
+(($(stat -c %s "$files/samples/sample_host.exe") > 10000)) || broken "an old file stayed"
 [[ -e $files/ghosthand.exe && -e $files/installed-files.txt && ! -e $files/~old ]] || broken "it was not: $(ls "$files")"
 
-say "A driven program holds the server"
+say "A file that cannot be moved: everything stays as it is"
+echo changed >>"$files/ghosthand.exe"
+contents() { (cd "$files" && find . -type f -exec sha256sum {} + | sort); }
+contents >"$work/contents"
 cp "$files/samples/sample_host.exe" "$drive/tools/"
+# Its standard input is a file that nobody else may delete.
+cat >"$work/hold.bat" <<'SCRIPT'
+@C:\tools\sample_host.exe <"C:\Program Files\Ghosthand\include\ghosthand\host_contract.h"
+SCRIPT
+start_host cmd.exe /c "$(windows_path "$work/hold.bat")"
+expect 2 "$installer" /S
+says "host_contract.h cannot be replaced. Everything is as before."
+end_host
+diff "$work/contents" <(contents) >"$work/said" || broken "the files have changed"
+[[ ! -e $files/~old && ! -e $files/~new ]] || broken "there are remains"
+expect 0 'C:\Program Files\Ghosthand\ghosthand.exe' check
+
+say "A driven program holds the server"
 start_host 'C:\tools\sample_host.exe'
 expect 0 cscript.exe //nologo "$(windows_path "$work/drive.vbs")"
 says Driven

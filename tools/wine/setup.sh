@@ -14,6 +14,7 @@ packages=(
     fonts-liberation                            # what they write with
     xvfb imagemagick                            # a desktop without a screen, and pictures of it
     python3 python3-pip                         # checking the type library against Microsoft's
+    nsis unzip                                  # the installer, and looking into the archive
     "$@"
 )
 if [[ ${1:-} == --optional ]]; then
