@@ -21,12 +21,13 @@ function(ghosthand_fetch_documentation_tools variable)
         string(RANDOM unfinished)
         set(unfinished ${folder}-${unfinished})
         execute_process(COMMAND ${Python3_EXECUTABLE} -m pip install --quiet --disable-pip-version-check --no-deps
+                --retries 1 --timeout 15
                 --target ${unfinished} --requirement ${requirements}
             TIMEOUT 300 RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE errors)
         if(NOT result EQUAL 0)
             file(REMOVE_RECURSE ${unfinished})
-            string(REGEX REPLACE "\n.*" "" errors "${errors}")
-            message(STATUS "There are no HTML documents: pip could not fetch what makes them (${errors})")
+            string(REGEX MATCH "ERROR: [^\n]*" errors "${errors}")
+            message(STATUS "There are no HTML documents: pip could not fetch what makes them. ${errors}")
             return()
         endif()
         file(RENAME ${unfinished} ${folder})

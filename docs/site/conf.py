@@ -7,6 +7,8 @@ version = release = os.environ.get("GHOSTHAND_VERSION", "")
 extensions = ["myst_parser"]
 myst_enable_extensions = ["deflist", "colon_fence"]
 myst_heading_anchors = 3
+# Pieces of a page may begin with a lower heading.
+suppress_warnings = ["myst.header"]
 html_theme = "furo"
 html_title = f"Ghosthand {release}".strip()
 html_static_path = ["static"]

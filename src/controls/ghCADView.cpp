@@ -29,7 +29,7 @@ std::string TakeAtom(ATOM atom) {
 std::string ghCADView::CameraPosition() const {
     engine::WaitUntilEnabled(*this);
     const LRESULT atom = SendMessageA(Window(), hostlink::MSG_HA_GetViewPosition_Camera, 0, 0);
-    const std::string position = TakeAtom(LOWORD(atom));
+    std::string position = TakeAtom(LOWORD(atom));
     engine::Synchronise(*this);
     return position;
 }
