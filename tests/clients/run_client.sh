@@ -30,7 +30,7 @@ install_python() {
 # Through a pipe: Python does not take a file of this machine for its output.
 run_windows() {
     local code=0 reader
-    exec 7> >(exec 7>&-; tr -d '\r' | tee "$output")
+    exec 7> >(exec 7>&-; sed -u 's/\r$//' | tee "$output")
     reader=$!
     timeout --kill-after=5 240 wine "$@" </dev/null >&7 2>&1 || code=$?
     exec 7>&-
@@ -135,7 +135,8 @@ client_robot() {
         "$folder/robot/sample_host.robot"
     ! run_windows "${robot[@]}" || fail "A test that must fail passes."
     grep -q '3 tests, 2 passed, 1 failed' "$output" || fail "A test that fails disturbs others."
-    [[ -s $WINEPREFIX/drive_c/report/desktop_1.png ]] && grep -q 'desktop_1.png' "$WINEPREFIX/drive_c/report/log.html" ||
+    [[ -s $WINEPREFIX/drive_c/report/desktop_1.png ]] || fail "There is no picture."
+    grep -q 'desktop_1.png' "$WINEPREFIX/drive_c/report/log.html" ||
         fail "The log has no picture."
 }
 
