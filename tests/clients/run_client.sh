@@ -18,6 +18,10 @@ start_session() {
     output=$WINEPREFIX/client.txt
     session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null
     session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x1024 /f >/dev/null
+    # A program that waits for a key for ever: a desktop without programs closes, and whoever starts then meets that.
+    mkfifo "$WINEPREFIX/no_key"
+    exec 9<>"$WINEPREFIX/no_key"
+    wine cmd.exe /c pause <&9 >/dev/null 2>&1 7>&- &
     session_run 60 regsvr32.exe /s "$GHOSTHAND_DLL" || fail "regsvr32 refused the server."
 }
 
