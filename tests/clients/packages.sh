@@ -21,7 +21,7 @@ packages_get() {
     mkdir -p "$clients_root/build/downloads"
     exec 8>"$clients_root/build/downloads/clients.lock"
     flock 8
-    [[ -e $packages ]] || packages_fetch "$packages.unfinished"
+    [[ -e $packages ]] || packages_fetch "$clients_root/build/downloads/unfinished-clients"
     flock -u 8
 }
 
@@ -36,6 +36,7 @@ packages_fetch() {
     packages_pip "$folder" native_packages.txt --only-binary=:all:
     PIP_CONSTRAINT=$clients_source/interpreter_build.txt packages_pip "$folder" interpreter.txt
     packages_unpack "$folder"
+    rm -rf "$clients_root"/build/downloads/clients-* # of other versions
     mv "$folder" "$packages"
 }
 

@@ -18,6 +18,10 @@ start_session() {
     output=$WINEPREFIX/client.txt
     session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null
     session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x1024 /f >/dev/null
+    # A program that waits for a key for ever: a desktop without programs closes, and whoever starts then meets that.
+    mkfifo "$WINEPREFIX/no_key"
+    exec 9<>"$WINEPREFIX/no_key"
+    wine cmd.exe /c pause <&9 >/dev/null 2>&1 7>&- &
     session_run 60 regsvr32.exe /s "$GHOSTHAND_DLL" || fail "regsvr32 refused the server."
 }
 
@@ -30,7 +34,7 @@ install_python() {
 # Through a pipe: Python does not take a file of this machine for its output.
 run_windows() {
     local code=0 reader
-    exec 7> >(exec 7>&-; tr -d '\r' | tee "$output")
+    exec 7> >(exec 7>&-; sed -u 's/\r$//' | tee "$output")
     reader=$!
     timeout --kill-after=5 240 wine "$@" </dev/null >&7 2>&1 || code=$?
     exec 7>&-
@@ -135,7 +139,8 @@ client_robot() {
         "$folder/robot/sample_host.robot"
     ! run_windows "${robot[@]}" || fail "A test that must fail passes."
     grep -q '3 tests, 2 passed, 1 failed' "$output" || fail "A test that fails disturbs others."
-    [[ -s $WINEPREFIX/drive_c/report/desktop_1.png ]] && grep -q 'desktop_1.png' "$WINEPREFIX/drive_c/report/log.html" ||
+    [[ -s $WINEPREFIX/drive_c/report/desktop_1.png ]] || fail "There is no picture."
+    grep -q 'desktop_1.png' "$WINEPREFIX/drive_c/report/log.html" ||
         fail "The log has no picture."
 }
 
