@@ -222,10 +222,13 @@ void Recorder::CallBegins(const Call& call) noexcept {
         BeginEvent(json, "call").Key("call").Number(std::int64_t{open.number});
         json.Key("thread").Number(std::int64_t{GetCurrentThreadId()}).Key("object").Text(object.text);
         json.Key("class").Text(className).Key("member").Text(member.name).Key("kind").Text(member.access);
+        const std::size_t written = WrittenArguments(call, member);
         json.Key("arguments").BeginArray();
         for (std::size_t index = 0; index < call.arguments.size(); ++index) {
             const bool isFlags = index < member.parameters.size() && member.parameters[index].isFlags;
-            open.arguments.push_back(ToArgument(call.arguments[index], isFlags));
+            if (index < written) {
+                open.arguments.push_back(ToArgument(call.arguments[index], isFlags));
+            }
             WriteValue(json, call.arguments[index]);
         }
         json.EndArray().Key("text").Text(open.text).EndObject();

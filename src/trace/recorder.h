@@ -53,7 +53,7 @@ private:
         Reached object;
         std::string text; // in VBScript
         MemberFacts member;
-        std::vector<explain::Argument> arguments;
+        std::vector<explain::Argument> arguments; // without those that are left to their defaults
         HWND window;
         std::vector<RepeatedSearch> searches;
     };
