@@ -34,7 +34,9 @@ public:
         const HWND control = GetDlgItem(m_window, id);
         if (control != nullptr && m_deferred != nullptr) {
             m_deferred = DeferWindowPos(m_deferred, control, nullptr, left, top, std::max(0, width),
-                                        std::max(0, height), SWP_NOZORDER | SWP_NOACTIVATE);
+                                        std::max(0, height),
+                                        // Texts that wrap are drawn anew as a whole.
+                                        SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
         }
     }
 

@@ -174,8 +174,7 @@ void MainWindow::OnCreate() {
                         },
                         [this] { PickUnderCursor(); }});
     CreateControl(m_window, WC_STATICW,
-                  L"Drag the cross over a control or one of its items. By keyboard: F8, then the mouse pointer "
-                  L"where it is to pick.",
+                  L"Drag the cross over a control or an item. By keyboard: F8, then point at it.",
                   SS_LEFT, ids::kPickLabel);
     CreateControl(m_window, WC_BUTTONW, L"Pic&k (F8)", WS_TABSTOP | BS_PUSHBUTTON, ids::kPick);
     CreateControl(m_window, WC_BUTTONW, L"&Show (F7)", WS_TABSTOP | BS_PUSHBUTTON, ids::kShow);
