@@ -16,11 +16,12 @@ namespace {
 constexpr int kMargin = 10;
 constexpr int kGap = 6;
 constexpr int kCrossSize = 40;
-constexpr int kButtonWidth = 104;
-constexpr int kWideButtonWidth = 120;
+constexpr int kButtonWidth = 88;
+constexpr int kWideButtonWidth = 108;
+constexpr int kTreeLabelWidth = 62;
 constexpr int kLabelWidth = 74;
 constexpr int kLanguageWidth = 120;
-constexpr SIZE kSmallest = {900, 560};
+constexpr SIZE kSmallest = {720, 440};
 constexpr int kTreeShare = 40; // per cent of the width
 
 class Placing {
@@ -34,7 +35,9 @@ public:
         const HWND control = GetDlgItem(m_window, id);
         if (control != nullptr && m_deferred != nullptr) {
             m_deferred = DeferWindowPos(m_deferred, control, nullptr, left, top, std::max(0, width),
-                                        std::max(0, height), SWP_NOZORDER | SWP_NOACTIVATE);
+                                        std::max(0, height),
+                                        // Texts that wrap are drawn anew as a whole.
+                                        SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
         }
     }
 
@@ -61,6 +64,9 @@ void Arrange(HWND window, Scale scale, const Fonts& fonts) {
     const int line = fonts.LineHeight();
     const int row = line + scale(10); // an edit control or a button
     const int labelDrop = (row - line) / 2;
+    // An edit control writes at its top.
+    const int editHeight = line + scale(7);
+    const int editDrop = (row - editHeight) / 2;
     const int bottom = area.bottom - (statusArea.bottom - statusArea.top) - gap;
     Placing placing(window);
 
@@ -70,11 +76,12 @@ void Arrange(HWND window, Scale scale, const Fonts& fonts) {
     int top = margin;
     const int findLabel = scale(36);
     placing.Put(ids::kFindLabel, left, top + labelDrop, findLabel, line);
-    placing.Put(ids::kFind, left + findLabel, top, treeWidth - findLabel - gap - button, row);
+    placing.Put(ids::kFind, left + findLabel, top + editDrop, treeWidth - findLabel - gap - button, editHeight);
     placing.Put(ids::kFindNext, left + treeWidth - button, top, button, row);
     top += row + gap;
-    placing.Put(ids::kTreeLabel, left, top + labelDrop, treeWidth / 3, line);
-    placing.Put(ids::kHiddenWindows, left + treeWidth / 3, top, treeWidth * 2 / 3 - gap - button, row);
+    const int treeLabel = scale(kTreeLabelWidth);
+    placing.Put(ids::kTreeLabel, left, top + labelDrop, treeLabel, line);
+    placing.Put(ids::kHiddenWindows, left + treeLabel, top, treeWidth - treeLabel - gap - button, row);
     placing.Put(ids::kRefresh, left + treeWidth - button, top, button, row);
     top += row + gap;
     placing.Put(ids::kTree, left, top, treeWidth, bottom - top);
@@ -94,6 +101,8 @@ void Arrange(HWND window, Scale scale, const Fonts& fonts) {
     const int copy = scale(kWideButtonWidth);
     const int language = scale(kLanguageWidth);
     const int languageLabel = scale(46);
+    const HWND languages = GetDlgItem(window, ids::kLanguage);
+    SendMessageW(languages, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), row - scale(8));
     // The list's height counts where it opens.
     placing.Put(ids::kLanguageLabel, right, top + labelDrop, languageLabel, line);
     placing.Put(ids::kLanguage, right + languageLabel, top + 1, language, 12 * line);
@@ -115,10 +124,10 @@ void Arrange(HWND window, Scale scale, const Fonts& fonts) {
     const int label = scale(kLabelWidth);
     int below = page.bottom - row;
     placing.Put(ids::kAnswerLabel, page.left, below + labelDrop, label, line);
-    placing.Put(ids::kAnswer, page.left + label, below, pageWidth - label, row);
+    placing.Put(ids::kAnswer, page.left + label, below + editDrop, pageWidth - label, editHeight);
     below -= row + gap;
     placing.Put(ids::kArgumentsLabel, page.left, below + labelDrop, label, line);
-    placing.Put(ids::kArguments, page.left + label, below, pageWidth - label - gap - copy, row);
+    placing.Put(ids::kArguments, page.left + label, below + editDrop, pageWidth - label - gap - copy, editHeight);
     placing.Put(ids::kDo, page.right - copy, below, copy, row);
     below -= line + gap;
     placing.Put(ids::kHelp, page.left, below, pageWidth, line + 2);

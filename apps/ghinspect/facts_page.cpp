@@ -1,7 +1,9 @@
 #include "ghinspect/facts_page.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <string_view>
 #include <utility>
 
 #include "explain/utf8.h"
@@ -38,12 +40,18 @@ std::wstring NameOfWindow(HWND window) {
     return facts.window == nullptr ? std::wstring() : NameOf(facts) + L"  (" + HandleText(window) + L")";
 }
 
-// In lines that fit into the column.
-std::vector<std::wstring> StyleLines(const explain::WindowFacts& facts) {
-    std::vector<std::wstring> lines;
-    for (const std::string& name : explain::StyleNames(facts)) {
-        const std::wstring text = explain::ToUtf16(name);
-        if (!lines.empty() && lines.back().size() + text.size() < kStyleLineLength) {
+constexpr std::string_view kExtended = "WS_EX_";
+
+// The number, then the names, in lines that fit into the column.
+std::vector<std::wstring> StyleLines(const explain::WindowFacts& facts, bool isExtended) {
+    std::vector<std::wstring> lines = {Format(L"0x%08lX", isExtended ? facts.extendedStyle : facts.style)};
+    const std::vector<std::string> names = explain::StyleNames(facts);
+    const auto first = std::ranges::find_if(names, [](const std::string& name) {
+        return std::string_view(name).starts_with(kExtended);
+    });
+    for (auto name = isExtended ? first : names.begin(); name != (isExtended ? names.end() : first); ++name) {
+        const std::wstring text = explain::ToUtf16(*name);
+        if (lines.back().size() + text.size() < kStyleLineLength) {
             lines.back() += L" " + text;
         } else {
             lines.push_back(text);
@@ -85,10 +93,11 @@ bool FactsPage::ShowWindowFacts(HWND window, const std::wstring& kind, const exp
             rows.push_back({name, NameOfWindow(other), Target{facts.processId, other}});
         }
     }
-    rows.push_back({L"Style", Format(L"0x%08lX", facts.style), {}});
-    rows.push_back({L"Extended style", Format(L"0x%08lX", facts.extendedStyle), {}});
-    for (std::wstring& line : StyleLines(facts)) {
-        rows.push_back({L"", std::move(line), {}});
+    for (const bool isExtended : {false, true}) {
+        const wchar_t* title = isExtended ? L"Extended style" : L"Style";
+        for (std::wstring& line : StyleLines(facts, isExtended)) {
+            rows.push_back({std::exchange(title, L""), std::move(line), {}});
+        }
     }
     rows.push_back({L"Handle", HandleText(window), {}});
     if (program != nullptr) {

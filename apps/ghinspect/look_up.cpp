@@ -35,7 +35,8 @@ void AddRemarks(LookedUp& result, const explain::ProgramFacts* program) {
 }
 
 void AddItem(LookedUp& result, HWND window, const explain::ItemAtPoint& item) {
-    const std::wstring what = explain::ToUtf16(item.kind) + L" of a " + result.kind;
+    std::wstring what = explain::ToUtf16(item.kind) + L" of a " + result.kind;
+    CharUpperBuffW(what.data(), 1);
     if (item.steps.empty()) {
         result.verdict = what + L": scripts cannot reach the item. The call leads to the control";
         return;

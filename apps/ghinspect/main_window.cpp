@@ -74,11 +74,20 @@ void MainWindow::Open(int showCommand) {
         throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
                                 "The window could not be made");
     }
-    SetWindowPos(m_window, nullptr, 0, 0, m_scale(kFirstArea.cx), m_scale(kFirstArea.cy),
+    const SIZE room = RoomOnScreen();
+    SetWindowPos(m_window, nullptr, 0, 0, std::min(m_scale(kFirstArea.cx), static_cast<int>(room.cx)),
+                 std::min(m_scale(kFirstArea.cy), static_cast<int>(room.cy)),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     ShowWindow(m_window, showCommand);
     UpdateWindow(m_window);
     SetFocus(m_tree.Window());
+}
+
+SIZE MainWindow::RoomOnScreen() const {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(m_window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return {monitor.rcWork.right - monitor.rcWork.left, monitor.rcWork.bottom - monitor.rcWork.top};
 }
 
 LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -113,8 +122,9 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         const SIZE smallest = SmallestArea(m_scale);
         RECT area = {0, 0, smallest.cx, smallest.cy};
         AdjustWindowRectExForDpi(&area, WS_OVERLAPPEDWINDOW, FALSE, 0, static_cast<UINT>(m_scale.dpi));
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {area.right - area.left,
-                                                                 area.bottom - area.top};
+        const SIZE room = RoomOnScreen();
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {std::min(area.right - area.left, room.cx),
+                                                                 std::min(area.bottom - area.top, room.cy)};
         return 0;
     }
     case WM_SETTINGCHANGE:
@@ -174,8 +184,7 @@ void MainWindow::OnCreate() {
                         },
                         [this] { PickUnderCursor(); }});
     CreateControl(m_window, WC_STATICW,
-                  L"Drag the cross over a control or one of its items. By keyboard: F8, then the mouse pointer "
-                  L"where it is to pick.",
+                  L"Drag the cross onto a control or item, or press F8 and point at it.",
                   SS_LEFT, ids::kPickLabel);
     CreateControl(m_window, WC_BUTTONW, L"Pic&k (F8)", WS_TABSTOP | BS_PUSHBUTTON, ids::kPick);
     CreateControl(m_window, WC_BUTTONW, L"&Show (F7)", WS_TABSTOP | BS_PUSHBUTTON, ids::kShow);

@@ -61,6 +61,8 @@ private:
     void OnTick();
     void Rescale(int dpi);
     void ArrangeAll();
+    // On the monitor that the window is on, in pixels.
+    SIZE RoomOnScreen() const;
 
     void Refresh();
     void RefreshSoon();

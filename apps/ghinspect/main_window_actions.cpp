@@ -353,6 +353,9 @@ void MainWindow::OnPicked(const std::optional<Picked>& picked, bool isFinal) {
     } else if (isFinal && picked) {
         ShowStatus(L"Picked.");
         GoTo(picked->target, picked->item);
+        if (GetForegroundWindow() == m_window) {
+            SetFocus(m_tree.Window()); // the arrow keys go on from there
+        }
     } else if (isFinal) {
         ShowStatus(L"There is nothing to pick.");
         if (m_selection) {

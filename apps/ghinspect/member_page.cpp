@@ -29,7 +29,7 @@ std::wstring Signature(const Member& member) {
 } // namespace
 
 void MemberPage::Create(HWND parent) {
-    m_table.Create(parent, ids::kMembers, {{L"Member", 190}, {L"Value now", 170}, {L"Arguments", 200}});
+    m_table.Create(parent, ids::kMembers, {{L"Member", 160}, {L"Value now", 160}, {L"Arguments", 160}});
     m_help = CreateControl(parent, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS, ids::kHelp);
     m_argumentsLabel = CreateControl(parent, WC_STATICW, L"&Arguments", SS_LEFT, ids::kArgumentsLabel);
     m_arguments = CreateControl(parent, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, ids::kArguments,
