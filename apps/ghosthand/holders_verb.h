@@ -5,7 +5,8 @@
 
 namespace apps {
 
-// [PATH [--output FILE]]. With --output the lines go to a file, in UTF-16, for installers.
+// [PATH [--output FILE PROCESS]]. With --output, which is for installers, the lines go to a file, in UTF-16,
+// without the process of that number.
 int Holders(Arguments arguments);
 
 } // namespace apps
