@@ -26,7 +26,8 @@ FunctionEnd
 Function ${un}WaitUntilFree
     ${DoWhile} ${FileExists} "$INSTDIR\*.*"
         Delete "$PLUGINSDIR\holders.txt"
-        nsExec::ExecToStack '"$PLUGINSDIR\ghosthand.exe" holders "$INSTDIR" --output "$PLUGINSDIR\holders.txt"'
+        System::Call 'kernel32::GetCurrentProcessId() i .R0'
+        nsExec::ExecToStack '"$PLUGINSDIR\ghosthand.exe" holders "$INSTDIR" --output "$PLUGINSDIR\holders.txt" $R0'
         Pop $0
         Pop $1
         ${If} $0 == 0

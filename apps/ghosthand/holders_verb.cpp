@@ -1,5 +1,6 @@
 #include "ghosthand/verbs.h"
 
+#include <charconv>
 #include <filesystem>
 #include <fstream>
 
@@ -23,6 +24,13 @@ std::wstring RegisteredModule() {
     return {};
 }
 
+// 0 for what is no number.
+DWORD ProcessNumber(const std::string& text) {
+    DWORD number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
 bool WriteUtf16(const std::string& text, const std::string& file) {
     const std::wstring wide = L"\xFEFF" + explain::ToUtf16(text);
     std::ofstream output(std::filesystem::path(explain::ToUtf16(file)), std::ios::binary | std::ios::trunc);
@@ -34,7 +42,7 @@ bool WriteUtf16(const std::string& text, const std::string& file) {
 } // namespace
 
 int Holders(Arguments arguments) {
-    const bool hasOutput = arguments.size() == 3 && arguments[1] == "--output";
+    const bool hasOutput = arguments.size() == 4 && arguments[1] == "--output";
     if (arguments.size() > 1 && !hasOutput) {
         return kWrongUsage;
     }
@@ -44,7 +52,7 @@ int Holders(Arguments arguments) {
         PrintError("Nothing is registered. Type what is to be looked for: ghosthand holders PATH\n");
         return kFailed;
     }
-    const std::vector<std::string> holders = HoldersOf(place);
+    const std::vector<std::string> holders = HoldersOf(place, hasOutput ? ProcessNumber(arguments[3]) : 0);
     std::string lines;
     for (const std::string& holder : holders) {
         lines += holder + "\r\n";

@@ -114,13 +114,15 @@ bool IsAtOrBelow(const std::wstring& path, const std::wstring& place) {
                                 static_cast<int>(folder.size()), TRUE) == CSTR_EQUAL;
 }
 
-std::vector<std::string> HoldersOf(const std::wstring& place) {
+std::vector<std::string> HoldersOf(const std::wstring& place, DWORD except) {
     std::vector<std::string> holders;
     std::vector<std::wstring> explained;
     for (const Program& program : RunningPrograms()) {
         const auto isHeld = [&](const std::wstring& module) { return IsAtOrBelow(module, place); };
         if (std::ranges::any_of(program.modules, isHeld)) {
-            holders.push_back(NameOf(program));
+            if (program.processId != except) {
+                holders.push_back(NameOf(program));
+            }
             std::ranges::copy_if(program.modules, std::back_inserter(explained), isHeld);
         }
     }

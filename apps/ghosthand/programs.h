@@ -25,7 +25,8 @@ std::string NameOf(const Program& program);
 bool IsAtOrBelow(const std::wstring& path, const std::wstring& place);
 
 // Who keeps `place`, a file or a folder, from being replaced; a line for each. Files that are in use without
-// a program of which that can be told are named themselves.
-std::vector<std::string> HoldersOf(const std::wstring& place);
+// a program of which that can be told are named themselves. The process `except` is not named: an installer
+// knows of itself.
+std::vector<std::string> HoldersOf(const std::wstring& place, DWORD except = 0);
 
 } // namespace apps

@@ -161,7 +161,9 @@ rm "$drive/tools/sample_host.exe"
 
 say "Removing"
 rm "$files/samples/own.vbs"
-uninstall 'C:\Program Files\Ghosthand'
+expect 0 cmd.exe /c "$(windows_path "$work/uninstall.bat")"
+[[ $(ls "$files") == uninstall.exe ]] || broken "more than the uninstaller is left: $(ls -R "$files")"
+rm -r "$files"
 as_before "Removed"
 
 say "For the current user alone"
