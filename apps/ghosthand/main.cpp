@@ -19,6 +19,14 @@ int Help(apps::Arguments);
 
 constexpr Verb kVerbs[] = {
     {"help", "[VERB]\n  Says what there is to type.", Help},
+    {"at",
+     "X Y [--json] [--language NAME]\nghosthand at --watch [--json] [--language NAME]\n"
+     "  Says what lies at a point of the screen: the control, the item in it, and the calls that reach "
+     "them.\n"
+     "  --watch     follows the mouse until Ctrl+C\n"
+     "  --language  of the calls: VBScript, JScript, PowerShell, Python or C#\n"
+     "  --json      for other tools (docs/command-line.md)",
+     apps::At},
     {"windows",
      "[PROGRAM] [--json] [--calls] [--language NAME] [--watch]\n"
      "  Lists the windows of the programs whose file names begin with PROGRAM, or of all.\n"

@@ -13,6 +13,7 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;     // nothing found, or not done; what was wrong has been said
 inline constexpr int kWrongUsage = 2; // says nothing: the caller shows how the verb is used
 
+int At(Arguments arguments);
 int Windows(Arguments arguments);
 
 } // namespace apps

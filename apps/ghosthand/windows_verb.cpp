@@ -15,6 +15,7 @@
 #include "explain/window_call.h"
 #include "explain/window_facts.h"
 #include "ghosthand/verbs.h"
+#include "ghosthand/window_output.h"
 #include "shared/console.h"
 
 namespace apps {
@@ -97,21 +98,6 @@ std::vector<Program> ReadPrograms(const std::string& prefix, explain::CallFinder
     return programs;
 }
 
-// Control characters would break the lines and the terminal.
-std::string OnOneLine(const std::string& text) {
-    std::string result;
-    for (const char character : text) {
-        if (static_cast<unsigned char>(character) < 0x20 || character == 0x7F) {
-            char escape[8] = "";
-            std::snprintf(escape, sizeof escape, "\\x%02X", static_cast<unsigned>(character));
-            result += escape;
-        } else {
-            result += character;
-        }
-    }
-    return result;
-}
-
 std::string LineOf(const Program& program) {
     const explain::ProgramFacts& facts = program.facts;
     std::string line =
@@ -123,33 +109,6 @@ std::string LineOf(const Program& program) {
     return line;
 }
 
-std::string LineOf(const Node& node) {
-    const explain::WindowFacts& facts = node.facts;
-    std::string line = OnOneLine(facts.className) + " '" + OnOneLine(facts.caption) + "'";
-    if (facts.controlId != 0) {
-        line += " id " + std::to_string(facts.controlId);
-    }
-    if (node.kind != "BaseWindow") {
-        line += "  " + std::string(node.kind);
-    }
-    line += facts.isVisible ? "" : "  hidden";
-    line += facts.isEnabled ? "" : "  disabled";
-    line += facts.owner == nullptr ? "" : "  owned";
-    return line;
-}
-
-std::string CallLine(const Node& node, explain::CallFinder& finder, explain::Language language) {
-    const explain::WindowCall found = finder.CallTo(node.facts.window);
-    if (found.call.empty()) {
-        return "no call: " + found.obstacle;
-    }
-    char time[32] = "  (not run)";
-    if (found.isVerified) {
-        std::snprintf(time, sizeof time, "  (%.1f ms)", found.milliseconds);
-    }
-    return explain::CallText(found.call, language) + time;
-}
-
 // One line of the text, its window or program told by `key`.
 struct Line {
     std::string key;
@@ -159,8 +118,8 @@ struct Line {
 };
 
 void AppendLines(std::vector<Line>& lines, const Node& node, int level) {
-    lines.push_back(
-        {std::to_string(reinterpret_cast<std::uintptr_t>(node.facts.window)), level, LineOf(node), &node});
+    lines.push_back({std::to_string(reinterpret_cast<std::uintptr_t>(node.facts.window)), level,
+                     WindowLine(node.facts, node.kind), &node});
     for (const Node& child : node.children) {
         AppendLines(lines, child, level + 1);
     }
@@ -182,75 +141,19 @@ std::string Written(const Line& line, const std::string& mark, explain::CallFind
     const std::string indentation = mark + std::string(static_cast<std::size_t>(line.level) * 2, ' ');
     std::string text = indentation + line.text + "\n";
     if (finder != nullptr && options.withCalls && line.node != nullptr) {
-        text += indentation + "    " + CallLine(*line.node, *finder, options.language) + "\n";
+        text +=
+            indentation + "    " + CallLine(finder->CallTo(line.node->facts.window), options.language) + "\n";
     }
     return text;
 }
 
 using explain::JsonWriter;
 
-std::int64_t HandleNumber(HWND window) {
-    return static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(window));
-}
-
-void WriteArgument(JsonWriter& json, const explain::Argument& argument) {
-    if (const auto* text = std::get_if<std::string>(&argument)) {
-        json.Text(*text);
-    } else if (const auto* flags = std::get_if<explain::Flags>(&argument)) {
-        json.Number(std::int64_t{static_cast<std::int32_t>(flags->value)});
-    } else {
-        json.Number(std::get<std::int64_t>(argument));
-    }
-}
-
-void WriteCall(JsonWriter& json, const explain::WindowCall& found, explain::Language language) {
-    if (found.call.empty()) {
-        json.Key("call").Null().Key("obstacle").Text(found.obstacle);
-        return;
-    }
-    json.Key("call").BeginObject();
-    json.Key("language").Text(explain::LanguageName(language));
-    json.Key("text").Text(explain::CallText(found.call, language));
-    json.Key("steps").BeginArray();
-    for (const explain::Step& step : found.call) {
-        json.BeginObject().Key("member").Text(step.member).Key("arguments").BeginArray();
-        for (const explain::Argument& argument : step.arguments) {
-            WriteArgument(json, argument);
-        }
-        json.EndArray().EndObject();
-    }
-    json.EndArray();
-    json.Key("kind").Text(found.kind).Key("verified").Bool(found.isVerified);
-    json.Key("milliseconds");
-    found.isVerified ? json.Number(found.milliseconds) : json.Null();
-    json.EndObject();
-}
-
 void WriteNode(JsonWriter& json, const Node& node, explain::CallFinder& finder, const Options& options) {
-    const explain::WindowFacts& facts = node.facts;
     json.BeginObject();
-    json.Key("handle").Number(HandleNumber(facts.window));
-    json.Key("class").Text(facts.className);
-    json.Key("caption").Text(facts.caption);
-    json.Key("id").Number(std::int64_t{facts.controlId});
-    json.Key("kind").Text(node.kind);
-    json.Key("visible").Bool(facts.isVisible);
-    json.Key("enabled").Bool(facts.isEnabled);
-    json.Key("rectangle").BeginObject();
-    json.Key("left").Number(std::int64_t{facts.rectangle.left});
-    json.Key("top").Number(std::int64_t{facts.rectangle.top});
-    json.Key("right").Number(std::int64_t{facts.rectangle.right});
-    json.Key("bottom").Number(std::int64_t{facts.rectangle.bottom}).EndObject();
-    json.Key("styles").BeginArray();
-    for (const std::string& style : explain::StyleNames(facts)) {
-        json.Text(style);
-    }
-    json.EndArray();
-    json.Key("owner");
-    facts.owner == nullptr ? json.Null() : json.Number(HandleNumber(facts.owner));
-    json.Key("thread").Number(std::int64_t{facts.threadId});
+    WriteFacts(json, node.facts, node.kind);
     if (options.withCalls) {
-        WriteCall(json, finder.CallTo(facts.window), options.language);
+        WriteCall(json, finder.CallTo(node.facts.window), options.language);
     }
     json.Key("children").BeginArray();
     for (const Node& child : node.children) {

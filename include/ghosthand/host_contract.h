@@ -126,7 +126,26 @@ constexpr char kRibbonWidget[] = "MSG_REQUEST_RIB_CUSTOMISATION_WIDGET_DATA";
 constexpr char kToolbarCustomizeMode[] = "BCGTOOLBAR_SET_CUSTOMIZE_MODE";
 // Sent to a CAD tree: wParam = cad_tree::Request.
 constexpr char kCadTree[] = "hlWM_REQUEST_CAD_TREE_INFORMATION";
+// Sent to a grid or an option tree, wParam 0, lParam: ItemAtPoint. Answer 1 if an item lies there. Only tools
+// that show what lies below the mouse ask it: a host need not know it.
+constexpr char kItemAtPoint[] = "MSG_GH_ITEM_AT_POINT";
 } // namespace message_name
+
+// The item of a grid or an option tree below a point. All coordinates are client coordinates in pixels.
+struct ItemAtPoint {
+    std::int32_t x;
+    std::int32_t y;
+    std::uint64_t item;  // an option tree's answer: the item's identifier
+    std::int32_t row;    // a grid's answer: 1-based, headings are not counted
+    std::int32_t column; // 1-based
+    std::int32_t left;   // the item's rectangle; right and bottom are not part of it
+    std::int32_t top;
+    std::int32_t right;
+    std::int32_t bottom;
+};
+static_assert(sizeof(ItemAtPoint) == 40 && offsetof(ItemAtPoint, item) == 8 &&
+                  offsetof(ItemAtPoint, row) == 16 && offsetof(ItemAtPoint, left) == 24,
+              "layout of the exchange");
 
 namespace grid {
 enum Request : std::uint32_t {

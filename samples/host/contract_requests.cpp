@@ -21,6 +21,7 @@ const UINT kGrid = RegisterWindowMessageA(message_name::kGrid);
 const UINT kOptionTree = RegisterWindowMessageA(message_name::kOptionTree);
 const UINT kRibbonWidget = RegisterWindowMessageA(message_name::kRibbonWidget);
 const UINT kCadTree = RegisterWindowMessageA(message_name::kCadTree);
+const UINT kItemAtPoint = RegisterWindowMessageA(message_name::kItemAtPoint);
 const UINT kGetViewPosition = RegisterWindowMessageA(message_name::kGetViewPosition);
 const UINT kGetWindowByName = RegisterWindowMessageA(message_name::kGetWindowByName);
 const UINT kSetViewPosition = RegisterWindowMessageA(message_name::kSetViewPosition);
@@ -38,6 +39,7 @@ const RecordRequest kRecordRequests[] = {
     {kRibbonWidget, ribbon_widget::kGetSelected, sizeof(TextBuffer), 0},
     {kRibbonWidget, ribbon_widget::kSetSelected, sizeof(TextBuffer), 0},
     {kCadTree, cad_tree::kSetColor, sizeof(cad_tree::ColorRequest), kNoText},
+    {kItemAtPoint, 0, sizeof(ItemAtPoint), kNoText},
 };
 
 const RecordRequest* Find(const MSG& request) {
@@ -54,6 +56,7 @@ bool IsContractRequest(UINT message) {
                              kOptionTree,
                              kRibbonWidget,
                              kCadTree,
+                             kItemAtPoint,
                              kGetViewPosition,
                              kSetViewPosition,
                              kGetWindowByName,

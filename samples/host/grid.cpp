@@ -14,6 +14,8 @@ namespace grid = ghosthand::host_contract::grid;
 
 const UINT kGridRequest = RegisterWindowMessageA(ghosthand::host_contract::message_name::kGrid);
 
+const UINT kItemAtPoint = RegisterWindowMessageA(ghosthand::host_contract::message_name::kItemAtPoint);
+
 constexpr int kRowHeight = 20; // pixels
 
 struct Cell {
@@ -96,6 +98,20 @@ Cell CellAt(const GridContent& content, POINT point) {
     return {};
 }
 
+// The record lies in memory of this program. A heading is no cell.
+LRESULT AnswerItemAtPoint(HWND window, LPARAM lParam) {
+    if (!lParam)
+        return 0;
+    auto& record = *reinterpret_cast<ghosthand::host_contract::ItemAtPoint*>(lParam);
+    const GridContent& content = *grids[window].content;
+    const Cell cell = CellAt(content, {record.x, record.y});
+    if (!HasCell(content, cell))
+        return 0;
+    const RECT area = AreaOf(content, cell);
+    record = {record.x, record.y, 0, cell.row, cell.column, area.left, area.top, area.right, area.bottom};
+    return 1;
+}
+
 void DrawCell(HDC canvas, const Grid& shown, Cell cell) {
     const RECT area = AreaOf(*shown.content, cell);
     const bool isHeading = cell.row == 0;
@@ -139,6 +155,8 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         return DefWindowProcA(window, message, wParam, lParam);
     if (message == kGridRequest)
         return Answer(window, wParam, lParam);
+    if (message == kItemAtPoint)
+        return AnswerItemAtPoint(window, lParam);
     const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     switch (message) {
     case WM_PAINT:

@@ -162,7 +162,8 @@ enum Control : unsigned {
     kOptionTree = 1110,        // "qvaOptionTree"
     kRibbonWidget = 1120,      // "Static" with the caption "Ribbon forms"
     kLargeGrid = 1130,         // grid of 100 x 100 cells, each with its row and column: "7,12"
-    kLargeOptionTree = 1131,   // 10 groups "Group 0" and on, each with 100 items "Item 0" and on
+    kLargeOptionTree = 1131,   // 10 groups "Group 0" and on, each with 100 items "Item 0" and on, and
+                               // one more "Group 3"
     kPartsTree = 1140,         // tree whose labels can be edited, all but "Locked", and not to "!..."
     kFixedTree = 1141,         // the same items, no editing
     kLazyTree = 1142,          // filled when expanded: "Assembly 1" > "Part 1" > "Feature 1"; each has three

@@ -79,6 +79,7 @@ constexpr const char* kRegisteredMessages[] = {
     contract::kRibbonWidget,
     contract::kToolbarCustomizeMode,
     contract::kCadTree,
+    contract::kItemAtPoint,
 };
 
 struct Range {

@@ -15,6 +15,8 @@ namespace option_tree = ghosthand::host_contract::option_tree;
 
 const UINT kOptionTreeRequest = RegisterWindowMessageA(ghosthand::host_contract::message_name::kOptionTree);
 
+const UINT kItemAtPoint = RegisterWindowMessageA(ghosthand::host_contract::message_name::kItemAtPoint);
+
 constexpr int kRowHeight = 18; // pixels
 constexpr int kIndent = 18;
 constexpr int kValueColumn = 200;
@@ -167,6 +169,23 @@ int NodeAt(const Tree& tree, POINT point) {
     return index < static_cast<int>(tree.nodes.size()) ? index : 0;
 }
 
+LRESULT AnswerItemAtPoint(HWND window, LPARAM lParam) {
+    if (!lParam)
+        return 0;
+    auto& record = *reinterpret_cast<ghosthand::host_contract::ItemAtPoint*>(lParam);
+    const Tree& tree = trees[window];
+    RECT client;
+    GetClientRect(window, &client);
+    const int index = record.y < 0 ? 0 : NodeAt(tree, {record.x, record.y});
+    if (index == 0)
+        return 0;
+    const RECT area = AreaOf(tree, index, client);
+    record = {record.x, record.y,   static_cast<std::uint64_t>(IdentifierOf(index)),
+              0,        0,          area.left,
+              area.top, area.right, area.bottom};
+    return 1;
+}
+
 void Toggle(HWND window, Node& node) {
     if (node.option.kind == Option::Kind::CheckBox)
         SetValue(window, node, node.option.value == "1" ? "0" : "1");
@@ -194,6 +213,8 @@ void Scroll(HWND window, int rows) {
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == kOptionTreeRequest)
         return Answer(window, wParam, lParam);
+    if (message == kItemAtPoint)
+        return AnswerItemAtPoint(window, lParam);
     const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     switch (message) {
     case WM_PAINT:

@@ -175,6 +175,13 @@ const FindingMember* MemberByName(std::string_view name) noexcept {
     return member == std::end(kFindingMembers) ? nullptr : member;
 }
 
+std::string_view KindOfMember(std::string_view name) noexcept {
+    if (const FindingMember* const member = MemberByName(name)) {
+        return member->kind;
+    }
+    return name == "OpenSaveDialog" ? name : name == "CurrentContextMenu" ? "ControlBar" : "BaseWindow";
+}
+
 HWND FollowStep(HWND from, const Step& step) {
     if (step.member.ends_with("ByID") && step.member != "GetItemByID") {
         return FindNamed(from, Arguments(step));

@@ -32,6 +32,8 @@ struct FindingMember {
 const FindingMember* MemberForKind(std::string_view kind) noexcept;
 // By its name; null for a member that finds no control.
 const FindingMember* MemberByName(std::string_view name) noexcept;
+// The kind of the object that any member of a call answers with.
+std::string_view KindOfMember(std::string_view name) noexcept;
 
 // What the member finds from a window, at once; `from` means nothing to MainWindow. Null for a member that
 // leads to no window.

@@ -4,22 +4,18 @@
 #include <cmath>
 #include <string_view>
 
+#include "controls/host_control_search.h"
 #include "engine/dpi_scope.h"
 #include "engine/window_finders.h"
 #include "explain/item_finders.h"
 #include "explain/utf8.h"
+#include "explain/window_facts.h"
 #include "hostlink/host_classes.h"
 #include "hostlink/host_text.h"
 
 namespace explain {
 
 namespace {
-
-constexpr UINT kAnswerMilliseconds = 200;
-
-bool Answers(HWND window) noexcept {
-    return SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerMilliseconds, nullptr) != 0;
-}
 
 // Points of the calling thread's pixels and of the window's program, told by the window's place in both.
 class PixelMapping {
@@ -80,8 +76,13 @@ FoundItem Find(HWND control, POINT point) {
     if (is("ToolbarWindow32") || hostlink::IsHostBarClass(windowClass)) {
         return ToolBarButtonAt(host, point);
     }
-    return hostlink::IsMenuClass(windowClass) ? PopupMenuItemAt(control, point)
-                                              : MenuBarItemAt(control, point);
+    if (hostlink::IsMenuClass(windowClass)) {
+        return PopupMenuItemAt(control, point);
+    }
+    if (is(engine::kOptionTree.className)) {
+        return OptionTreeItemAt(host, point);
+    }
+    return controls::IsGrid(control) ? GridCellAt(host, point) : MenuBarItemAt(control, point);
 }
 
 } // namespace

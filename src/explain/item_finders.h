@@ -28,6 +28,9 @@ FoundItem ListItemAt(HWND listBox, POINT point);
 FoundItem ComboListItemAt(HWND list, POINT point);
 FoundItem TabAt(const hostlink::HostWindow& tabs, POINT point);
 FoundItem ToolBarButtonAt(const hostlink::HostWindow& bar, POINT point);
+// None where the host does not know the request (ghosthand/host_contract.h).
+FoundItem GridCellAt(const hostlink::HostWindow& grid, POINT point);
+FoundItem OptionTreeItemAt(const hostlink::HostWindow& tree, POINT point);
 FoundItem PopupMenuItemAt(HWND popup, POINT point);
 // None for a window without a menu bar.
 FoundItem MenuBarItemAt(HWND window, POINT point);

@@ -1,5 +1,8 @@
 #include "explain/seen_windows.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "engine/enumerate.h"
 #include "engine/search_text.h"
 #include "hostlink/window_class.h"
@@ -10,6 +13,10 @@ namespace {
 
 // More levels than the system allows.
 constexpr std::size_t kMostLevels = 256;
+
+bool Has(const std::string& text, const std::string& part) noexcept {
+    return engine::HasWantedText(text.c_str(), part.c_str(), true);
+}
 
 } // namespace
 
@@ -68,13 +75,37 @@ bool SeenDescendants::IsBelow(const SeenWindow& seen, HWND from, bool atAnyDepth
 // As a search does, the cheapest test first.
 bool SeenDescendants::Matches(const SeenWindow& seen, HWND from, const Wanted& wanted,
                               const ClassTest& test) const {
-    const auto has = [](const std::string& text, const std::string& part) {
-        return engine::HasWantedText(text.c_str(), part.c_str(), true);
-    };
     return (wanted.id < 1 || seen.Id() == wanted.id) && (wanted.includeHidden || seen.IsVisible()) &&
            engine::HasWantedText(seen.ClassName().c_str(), test.name.data(), test.contains) &&
-           has(seen.ClassName(), wanted.className) && IsBelow(seen, from, wanted.anyDescendant) &&
-           (wanted.caption.empty() || has(seen.Caption(), wanted.caption));
+           Has(seen.ClassName(), wanted.className) && IsBelow(seen, from, wanted.anyDescendant) &&
+           (wanted.caption.empty() || Has(seen.Caption(), wanted.caption));
+}
+
+SeenDesktop::SeenDesktop() {
+    engine::EnumerateWindows(nullptr, [&](HWND window) {
+        m_windows.emplace_back(window);
+        return true;
+    });
+}
+
+const SeenWindow* SeenDesktop::Find(HWND window) const {
+    const auto found = std::ranges::find(m_windows, window, &SeenWindow::Window);
+    return found == m_windows.end() ? nullptr : &*found;
+}
+
+Standing SeenDesktop::StandingOf(const SeenWindow& wanted, const std::string& program,
+                                 const std::string& caption, const std::string& className) {
+    Standing standing;
+    for (const SeenWindow& seen : m_windows) {
+        const bool mayPass = (wanted.Parent() != nullptr || seen.Parent() == nullptr) &&
+                             (!wanted.IsVisible() || seen.IsVisible());
+        if (mayPass && _strnicmp(program.c_str(), ProgramOf(seen.Window()).c_str(), program.size()) == 0 &&
+            Has(seen.ClassName(), className) && (caption.empty() || Has(seen.Caption(), caption))) {
+            ++standing.count;
+            standing.position = &seen == &wanted ? standing.count : standing.position;
+        }
+    }
+    return standing;
 }
 
 } // namespace explain

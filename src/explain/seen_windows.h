@@ -11,6 +11,7 @@
 
 #include <windows.h>
 
+#include "engine/program_name.h"
 #include "explain/call_members.h"
 
 namespace explain {
@@ -89,6 +90,24 @@ private:
     HWND m_topLevel;
     std::vector<SeenWindow> m_windows;
     std::map<HWND, std::size_t> m_indices;
+};
+
+// The top-level windows, from the front to the back.
+class SeenDesktop {
+public:
+    SeenDesktop();
+
+    const std::vector<SeenWindow>& Windows() const noexcept { return m_windows; }
+    const SeenWindow* Find(HWND window) const;
+    // The file name of the window's program, in the system code page.
+    std::string ProgramOf(HWND window) { return m_programs.NameOf(window); }
+    // Of `wanted`, one of these windows, in the search for a main window that lets it pass.
+    Standing StandingOf(const SeenWindow& wanted, const std::string& program, const std::string& caption,
+                        const std::string& className);
+
+private:
+    std::vector<SeenWindow> m_windows;
+    engine::ProgramNames m_programs;
 };
 
 } // namespace explain

@@ -1,25 +1,20 @@
 #include "explain/window_call.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <map>
 #include <optional>
 #include <tuple>
 #include <utility>
 
-#include "controlbars/popup_menu.h"
-#include "engine/enumerate.h"
-#include "engine/program_name.h"
-#include "engine/search_text.h"
 #include "engine/window_finders.h"
 #include "explain/call_members.h"
 #include "explain/call_text.h"
+#include "explain/call_ways.h"
 #include "explain/seen_windows.h"
 #include "explain/utf8.h"
 #include "explain/window_facts.h"
 #include "hostlink/host_classes.h"
-#include "hostlink/host_text.h"
 #include "hostlink/window_kind.h"
 
 namespace explain {
@@ -28,110 +23,9 @@ namespace {
 
 // Calls of which more than these fail when they are run belong to windows that change too quickly.
 constexpr std::size_t kMostTried = 6;
-constexpr std::size_t kLargestOccurrence = 0xFFFF;
-// An id beyond 16 bits cannot be named in a command: it is a number that the program made up for itself.
-constexpr std::int64_t kLargestId = 0xFFFF;
 
 std::size_t LengthOf(const Call& call) {
     return CallText(call, Language::VBScript).size();
-}
-
-// The part of a class name that stays the same from one run of the program to the next.
-std::string_view StablePart(std::string_view className) noexcept {
-    for (const std::string_view framework : {"Afx:", "ATL:"}) {
-        if (className.starts_with(framework)) {
-            return framework;
-        }
-    }
-    if (className.starts_with("WindowsForms10.")) {
-        return className.substr(0, className.find(".app."));
-    }
-    return className;
-}
-
-// The window's caption as a script can write it, in the system code page; empty if it has none, or one that
-// the code page cannot express or a search does not read to its end.
-std::string WritableCaption(const SeenWindow& window) {
-    const std::string& caption = window.Caption();
-    return AnsiToUtf8(caption) == FactsOf(window.Window()).caption ? caption : std::string();
-}
-
-bool IsMdiChild(HWND window) noexcept {
-    return (hostlink::WindowExtendedStyle(window) & WS_EX_MDICHILD) != 0;
-}
-
-// The id, 0 if it tells nothing: those of MDI children are numbered in the order of their opening.
-std::int64_t StableId(const SeenWindow& window) noexcept {
-    const bool isHandle =
-        window.Id() == static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(window.Window()));
-    return window.Id() < 1 || window.Id() > kLargestId || isHandle || IsMdiChild(window.Window())
-               ? 0
-               : window.Id();
-}
-
-Flags FlagsOf(bool anyDescendant, bool includeHidden, std::size_t occurrence) noexcept {
-    return {(anyDescendant ? engine::kAnyDescendant : 0u) | (includeHidden ? engine::kIncludeHidden : 0u) |
-            static_cast<std::uint32_t>(occurrence) << 16};
-}
-
-// Leaves out what has its default value at the end; `required` arguments stay.
-Step MakeStep(std::string_view member, std::vector<Argument> arguments, std::size_t required) {
-    const auto isDefault = [](const Argument& argument) {
-        return argument == Argument(std::string()) || argument == Argument(std::int64_t{0}) ||
-               argument == Argument(Flags{0});
-    };
-    while (arguments.size() > required && isDefault(arguments.back())) {
-        arguments.pop_back();
-    }
-    return {std::string(member), std::move(arguments)};
-}
-
-Step StepFor(const Wanted& wanted, std::size_t occurrence) {
-    const std::string caption = AnsiToUtf8(wanted.caption);
-    const Flags flags = FlagsOf(wanted.anyDescendant, wanted.includeHidden, occurrence);
-    const std::string_view name = wanted.member->name;
-    switch (wanted.member->shape) {
-    case Shape::None:
-        return {std::string(name), {}};
-    case Shape::IdFlags:
-        return MakeStep(name, {wanted.id, flags}, 0);
-    case Shape::CaptionIdFlags:
-        return MakeStep(name, {caption, wanted.id, flags}, 0);
-    case Shape::RequiredCaptionIdFlags:
-        return MakeStep(name, {caption, wanted.id, flags}, 1);
-    case Shape::CaptionClassIdFlags:
-        return MakeStep(name, {caption, AnsiToUtf8(wanted.className), wanted.id, flags}, 1);
-    }
-    return {};
-}
-
-// The ways to tell a window, the most stable first: by nothing but its kind where that needs no argument
-// at all, by its id, its caption, its class.
-std::vector<Wanted> WaysToWant(const FindingMember& member, const SeenWindow& window, bool anyDescendant,
-                               bool includeHidden) {
-    const bool takesCaption = member.shape != Shape::IdFlags && member.shape != Shape::None;
-    const bool takesClass = member.shape == Shape::CaptionClassIdFlags;
-    const std::int64_t id = member.shape == Shape::None ? 0 : StableId(window);
-    const std::string caption = takesCaption ? WritableCaption(window) : std::string();
-    const std::string className = takesClass ? std::string(StablePart(window.ClassName())) : std::string();
-    std::vector<Wanted> ways;
-    const auto add = [&](bool isPossible, const std::string& wantedCaption, const std::string& wantedClass,
-                         std::int64_t wantedId) {
-        if (isPossible) {
-            ways.push_back({&member, wantedCaption, wantedClass, wantedId, anyDescendant, includeHidden});
-        }
-    };
-    const bool needsNoFlags = !anyDescendant && !includeHidden;
-    add(needsNoFlags && (member.shape == Shape::IdFlags || member.shape == Shape::CaptionIdFlags), "", "", 0);
-    add(id > 0, "", "", id);
-    add(id > 0 && takesClass, "", className, id);
-    add(!caption.empty(), caption, "", 0);
-    add(!caption.empty() && id > 0, caption, "", id);
-    add(!takesClass, "", "", 0);
-    add(takesClass, "", className, 0);
-    add(takesClass && !caption.empty(), caption, className, 0);
-    add(takesClass && !caption.empty() && id > 0, caption, className, id);
-    return ways;
 }
 
 struct Candidate {
@@ -150,12 +44,7 @@ struct Candidate {
 
 class CallFinder::Planner {
 public:
-    explicit Planner(double searchSeconds) : m_millisecondsLeft(searchSeconds * 1000) {
-        engine::EnumerateWindows(nullptr, [&](HWND window) {
-            m_topLevel.emplace_back(window);
-            return true;
-        });
-    }
+    explicit Planner(double searchSeconds) : m_millisecondsLeft(searchSeconds * 1000) {}
 
     std::string_view Kind(HWND window) {
         const auto known = m_kinds.find(window);
@@ -172,7 +61,7 @@ public:
         }
         result.kind = Kind(window);
         const HWND root = GetAncestor(window, GA_ROOT);
-        if (FindTopLevel(root) == nullptr) {
+        if (m_desktop.Find(root) == nullptr) {
             result.obstacle = "It does not stand on the desktop: no search sees it.";
             return result;
         }
@@ -192,8 +81,7 @@ public:
                 result.call = candidate.call;
                 result.milliseconds = milliseconds.value_or(0);
                 result.isVerified = milliseconds.has_value();
-                const FindingMember* const last = MemberByName(candidate.call.back().member);
-                result.kind = last != nullptr && last->kind != "BaseWindow" ? last->kind : result.kind;
+                result.kind = KindOfMember(candidate.call.back().member);
                 return result;
             }
         }
@@ -204,11 +92,6 @@ public:
     }
 
 private:
-    const SeenWindow* FindTopLevel(HWND window) const {
-        const auto found = std::ranges::find(m_topLevel, window, &SeenWindow::Window);
-        return found == m_topLevel.end() ? nullptr : &*found;
-    }
-
     const SeenDescendants& Below(HWND topLevel) {
         const auto known = m_below.find(topLevel);
         return known != m_below.end() ? known->second : m_below.try_emplace(topLevel, topLevel).first->second;
@@ -224,7 +107,7 @@ private:
     // All its threads that have windows on the desktop: a search may ask any of them.
     bool ProgramAnswers(HWND window) {
         const DWORD processId = hostlink::ProcessOf(window);
-        return ThreadAnswers(window) && std::ranges::all_of(m_topLevel, [&](const SeenWindow& top) {
+        return ThreadAnswers(window) && std::ranges::all_of(m_desktop.Windows(), [&](const SeenWindow& top) {
                    return hostlink::ProcessOf(top.Window()) != processId || ThreadAnswers(top.Window());
                });
     }
@@ -297,32 +180,13 @@ private:
 
     // Top-level windows
 
-    bool IsProgram(HWND window, const std::string& prefix) {
-        return _strnicmp(prefix.c_str(), m_programs.NameOf(window).c_str(), prefix.size()) == 0;
-    }
-
-    Standing StandingOfTopLevel(const SeenWindow& wanted, const std::string& program,
-                                const std::string& caption, const std::string& className) {
-        Standing standing;
-        for (const SeenWindow& seen : m_topLevel) {
-            if ((wanted.Parent() != nullptr || seen.Parent() == nullptr) &&
-                (!wanted.IsVisible() || seen.IsVisible()) && IsProgram(seen.Window(), program) &&
-                engine::HasWantedText(seen.ClassName().c_str(), className.c_str(), true) &&
-                (caption.empty() || engine::HasWantedText(seen.Caption().c_str(), caption.c_str(), true))) {
-                ++standing.count;
-                standing.position = &seen == &wanted ? standing.count : standing.position;
-            }
-        }
-        return standing;
-    }
-
     std::vector<Candidate> CandidatesForTopLevel(HWND window) {
-        const SeenWindow* const found = FindTopLevel(window);
+        const SeenWindow* const found = m_desktop.Find(window);
         if (found == nullptr) {
             return {};
         }
         const SeenWindow& seen = *found;
-        const std::string file = m_programs.NameOf(window);
+        const std::string file = m_desktop.ProgramOf(window);
         const std::string stem = file.substr(0, file.find_last_of('.'));
         const std::string caption = WritableCaption(seen);
         const std::string className(StablePart(seen.ClassName()));
@@ -330,20 +194,24 @@ private:
                                     (seen.IsVisible() ? 0u : engine::kIncludeHidden);
 
         std::vector<Candidate> candidates;
-        std::vector<Candidate> ordinals;
+        std::multimap<std::size_t, Candidate> lookAlike; // by how many do
         const auto add = [&](const std::string& program, const std::string& wantedCaption,
                              const std::string& wantedClass) {
-            const Standing standing = StandingOfTopLevel(seen, program, wantedCaption, wantedClass);
+            const Standing standing = m_desktop.StandingOf(seen, program, wantedCaption, wantedClass);
             if (standing.position == 0 || standing.position > kLargestOccurrence) {
                 return;
             }
-            const bool isOrdinal = standing.count > 1;
             const auto occurrence = static_cast<std::uint32_t>(standing.position > 1 ? standing.position : 0);
-            Step step = MakeStep("MainWindow",
-                                 {AnsiToUtf8(program), AnsiToUtf8(wantedCaption), AnsiToUtf8(wantedClass),
-                                  Flags{flags | occurrence << 16}},
-                                 1);
-            (isOrdinal ? ordinals : candidates).push_back({{std::move(step)}, isOrdinal});
+            Candidate candidate{{MakeStep("MainWindow",
+                                          {AnsiToUtf8(program), AnsiToUtf8(wantedCaption),
+                                           AnsiToUtf8(wantedClass), Flags{flags | occurrence << 16}},
+                                          1)},
+                                standing.count > 1};
+            if (candidate.isOrdinal) {
+                lookAlike.emplace(standing.count, std::move(candidate));
+            } else {
+                candidates.push_back(std::move(candidate));
+            }
         };
         if (hostlink::IsMenuClass(hostlink::WindowClass(window)) || Kind(window) == "OpenSaveDialog") {
             AddFromOtherWindows(candidates, seen);
@@ -361,13 +229,9 @@ private:
         if (candidates.empty()) {
             AddFromOtherWindows(candidates, seen);
         }
-        std::ranges::stable_sort(ordinals, {}, [&](const Candidate& candidate) {
-            return std::get<Flags>(candidate.call.front().arguments.size() == 4
-                                       ? candidate.call.front().arguments[3]
-                                       : Argument(Flags{0}))
-                .value;
-        });
-        candidates.insert(candidates.end(), ordinals.begin(), ordinals.end());
+        for (auto& [count, candidate] : lookAlike) {
+            candidates.push_back(std::move(candidate));
+        }
         return candidates;
     }
 
@@ -394,12 +258,13 @@ private:
     // A visible window of the same thread that is no menu and has no owner.
     HWND OtherWindowOf(HWND window) const {
         const DWORD threadId = GetWindowThreadProcessId(window, nullptr);
-        const auto found = std::ranges::find_if(m_topLevel, [&](const SeenWindow& seen) {
+        const auto& windows = m_desktop.Windows();
+        const auto found = std::ranges::find_if(windows, [&](const SeenWindow& seen) {
             return seen.Window() != window && seen.IsVisible() && seen.Parent() == nullptr &&
                    GetWindowThreadProcessId(seen.Window(), nullptr) == threadId &&
                    !hostlink::IsMenuClass(hostlink::WindowClass(seen.Window()));
         });
-        return found == m_topLevel.end() ? nullptr : found->Window();
+        return found == windows.end() ? nullptr : found->Window();
     }
 
     // Child windows
@@ -426,18 +291,18 @@ private:
         return !wanted.member->asks || Kind(window) == wanted.member->kind;
     }
 
-    // Of the ways to tell the window from `from` the first that tells it alone. Else the first one with the
-    // window's place in the order of those that are told alike.
+    // Of the ways to tell the window from `from` the first that tells it alone. Else the first one that says
+    // something, with the window's place in the order of those that are told alike; true then.
     std::optional<std::pair<Step, bool>> StepTo(const SeenWindow& seen, HWND from,
                                                 const SeenDescendants& below, const FindingMember& member) {
-        const bool anyDescendant = seen.Parent() != from;
+        // A search that asks every window counts none, and is run once instead of thought through.
+        const bool asksAll = member.asks && member.classes.empty();
         std::optional<Step> ordinal;
-        for (const Wanted& wanted : WaysToWant(member, seen, anyDescendant, !seen.IsVisible())) {
-            if (member.asks && wanted.id < 1 && member.classes.empty()) {
-                // Every window would have to be asked: the search itself will do that once.
-                if (!ordinal) {
-                    ordinal = StepFor(wanted, 0);
-                }
+        const auto ways = WaysToWant(member, seen, seen.Parent() != from, !seen.IsVisible());
+        for (const Wanted& wanted : ways) {
+            const bool isBare = wanted.id == 0 && wanted.caption.empty() && wanted.className.empty();
+            if (isBare && asksAll) {
+                ordinal = ordinal ? ordinal : StepFor(wanted, 0);
                 continue;
             }
             const Standing standing = below.StandingOf(seen.Window(), from, wanted,
@@ -445,19 +310,13 @@ private:
             if (standing.count == 1 && standing.position == 1) {
                 return std::pair(StepFor(wanted, 0), false);
             }
-            const bool isSure =
-                !ordinal && standing.position > 0 &&
-                standing.position <= (member.classes.empty() && member.asks ? 1 : kLargestOccurrence);
-            // "The first" is no number, but what comes before it may be another thing tomorrow.
-            if (isSure && (wanted.id > 0 || !wanted.caption.empty() || IsLastWay(wanted, seen))) {
+            const bool isCounted =
+                standing.position > 0 && standing.position <= (asksAll ? 1 : kLargestOccurrence);
+            if (isCounted && !ordinal && (!isBare || &wanted == &ways.back())) {
                 ordinal = StepFor(wanted, standing.position > 1 ? standing.position : 0);
             }
         }
         return ordinal ? std::optional(std::pair(*ordinal, true)) : std::nullopt;
-    }
-
-    static bool IsLastWay(const Wanted& wanted, const SeenWindow& seen) {
-        return StableId(seen) == 0 || wanted.member->shape == Shape::None;
     }
 
     std::vector<Candidate> CandidatesForChild(HWND window, HWND root) {
@@ -510,21 +369,21 @@ private:
             }
             lookAlike.push_back(candidate);
         }
-        // An order changes when a window comes to the front, and the call would then silently lead to another.
+        // An order changes when a window comes to the front, and the call would then silently lead to
+        // another.
         std::ranges::stable_sort(lookAlike, {}, [](const Candidate& candidate) {
             return std::tuple(candidate.isOrdinal, candidate.call.size(), LengthOf(candidate.call));
         });
         candidates.insert(candidates.end(), lookAlike.begin(), lookAlike.end());
     }
 
-    double m_millisecondsLeft;          // for searches
-    std::vector<SeenWindow> m_topLevel; // from the front to the back
+    double m_millisecondsLeft; // for searches
+    SeenDesktop m_desktop;
     std::map<HWND, SeenDescendants> m_below;
     std::map<HWND, std::string_view> m_kinds;
     std::map<DWORD, bool> m_answers;                         // by thread
     std::map<HWND, std::optional<Candidate>> m_best;         // those that were followed
     std::map<std::string, std::pair<HWND, double>> m_passed; // by the call's text, with its milliseconds
-    engine::ProgramNames m_programs;
 };
 
 CallFinder::CallFinder(double searchSeconds) : m_planner(std::make_unique<Planner>(searchSeconds)) {}

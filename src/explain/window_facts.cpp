@@ -6,6 +6,7 @@
 #include <set>
 #include <tuple>
 
+#include "engine/dpi_scope.h"
 #include "engine/enumerate.h"
 #include "explain/utf8.h"
 #include "hostlink/window_kind.h"
@@ -123,6 +124,7 @@ WindowFacts FactsOf(HWND window) {
     facts.extendedStyle = hostlink::WindowExtendedStyle(window);
     facts.isVisible = IsWindowVisible(window) != FALSE;
     facts.isEnabled = IsWindowEnabled(window) != FALSE;
+    const engine::DpiScope inPixels(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE);
     GetWindowRect(window, &facts.rectangle);
     if ((facts.style & WS_CHILD) != 0) {
         facts.parent = GetAncestor(window, GA_PARENT);

@@ -8,6 +8,7 @@
 #include "controls/ghGroupCombo.h"
 #include "controls/ghListBox.h"
 #include "controls/ghListView.h"
+#include "controls/ghOptionTree.h"
 #include "controls/ghTabControl.h"
 #include "controls/ghTreeItem.h"
 #include "controls/item_search.h"
@@ -15,6 +16,7 @@
 #include "host/control_page.h"
 #include "hostlink/registered_messages.h"
 #include "hostlink/remote_send.h"
+#include "hostlink/window_kind.h"
 
 namespace {
 
@@ -59,7 +61,8 @@ RECT RectangleOf(HWND control, UINT message, int index, RECT request = {}) {
 class ItemAtPointTest : public support::ControlPage<ItemAtPointTest> {
 public:
     static constexpr const char* kPage = "trees --page list-views --page list-boxes --page combo-boxes "
-                                         "--page tabs --page context-menus --page cad";
+                                         "--page tabs --page context-menus --page options --page large-data "
+                                         "--page cad";
     static constexpr const char* kName = "CAD";
 
 protected:
@@ -345,6 +348,69 @@ TEST_F(ItemAtPointTest, AnEntryOfAPopupBarIsReachedAsContextMenu) {
     }
 }
 
+TEST_F(ItemAtPointTest, ACellOfAGrid) {
+    const HWND grid = Control(ids::kParameterGrid);
+    const HWND large = Window("Large data", ids::kLargeGrid);
+    const auto at = [](HWND window, int x, int y) {
+        POINT point{x, y};
+        ClientToScreen(window, &point);
+        return explain::ItemOf(window, point).value_or(ItemAtPoint{});
+    };
+    const auto name = at(grid, 10, 30);
+    EXPECT_EQ(name.kind, "grid cell");
+    EXPECT_EQ(name.text, "Length");
+    EXPECT_EQ(Written(name.steps), "GetText(1, 1)");
+    const auto cell = at(large, 56 * 2 + 5, 20 * 4 + 5);
+    EXPECT_EQ(cell.text, "4,3");
+    EXPECT_EQ(Written(cell.steps), "GetText(4, 3)");
+    RECT expected{56 * 2, 20 * 4, 56 * 3, 20 * 5};
+    MapWindowPoints(large, nullptr, reinterpret_cast<POINT*>(&expected), 2);
+    EXPECT_TRUE(EqualRect(&cell.rectangle, &expected));
+    EXPECT_FALSE(HasItemAt(grid, 10, 5)) << "a heading";
+    for (const auto style : {sample_host::Misbehaviour::AnswerNothing, sample_host::Misbehaviour::Answer165,
+                             sample_host::Misbehaviour::AnswerGarbage}) {
+        SampleHost::Misbehave(grid, style);
+        EXPECT_FALSE(HasItemAt(grid, 10, 30)) << static_cast<unsigned>(style);
+    }
+    SampleHost::Misbehave(grid, sample_host::Misbehaviour::AnswerProperly);
+}
+
+// The item that the steps lead to.
+ghOptionTree Follow(const ghOptionTree& tree, const Call& steps) {
+    ghOptionTree item = tree;
+    for (const Step& step : steps) {
+        item = step.member == "GetItemByPath" ? tree.ItemByPath(std::get<std::string>(step.arguments.at(0)))
+               : step.member == "Root"        ? tree.RootItem()
+               : step.member == "Child"       ? item.ChildItem()
+                                              : item.SiblingItem();
+    }
+    return item;
+}
+
+TEST_F(ItemAtPointTest, AnItemOfAnOptionTree) {
+    const ghOptionTree tree(Window("Options", ids::kOptionTree));
+    std::vector<std::string> calls;
+    for (int row = 0; row < 11; ++row) {
+        const auto item = ItemIn(tree.Window(), {100, row * 18 + 4, 104, row * 18 + 8});
+        EXPECT_EQ(item.kind, "option tree item");
+        EXPECT_EQ(Follow(tree, item.steps).Label(), item.text);
+        calls.push_back(Written(item.steps));
+    }
+    EXPECT_EQ(calls[1], "GetItemByPath('General|Units')");
+    EXPECT_EQ(calls[8], "GetItemByPath('Display|Background|Top')");
+    EXPECT_FALSE(HasItemAt(tree.Window(), 100, 11 * 18 + 4));
+    const ghOptionTree large(Window("Large data", ids::kLargeOptionTree));
+    EXPECT_EQ(Written(ItemIn(large.Window(), {100, 40, 104, 44}).steps), "GetItemByPath('Group 0|Item 1')");
+    // To the end, then three rows back.
+    for (const int turn : {-32760, -32760, WHEEL_DELTA}) {
+        SendMessageA(large.Window(), WM_MOUSEWHEEL, MAKEWPARAM(0, turn), 0);
+    }
+    const auto namesake = ItemIn(large.Window(), {100, 2 * 18 + 4, 104, 2 * 18 + 8});
+    EXPECT_EQ(namesake.text, "Never reached by path");
+    EXPECT_THAT(Written(namesake.steps), testing::StartsWith("Root().Child().Sibling().Sibling()"));
+    EXPECT_EQ(Follow(large, namesake.steps).Label(), namesake.text);
+}
+
 TEST_F(ItemAtPointTest, WhereNothingIsAndWhereNobodyAnswersThereIsNone) {
     EXPECT_FALSE(explain::ItemOf(nullptr, {}));
     EXPECT_FALSE(explain::ItemOf(Host().Frame(), {-1, -1}));
@@ -357,7 +423,7 @@ TEST_F(ItemAtPointTest, WhereNothingIsAndWhereNobodyAnswersThereIsNone) {
     Sleep(100);
     const ULONGLONG begin = GetTickCount64();
     EXPECT_FALSE(explain::ItemOf(page, point));
-    EXPECT_EQ(GetAncestor(explain::WindowAtPoint(point), GA_ROOT), Host().Frame());
+    EXPECT_EQ(hostlink::ProcessOf(explain::WindowAtPoint(point)), Host().ProcessId());
     EXPECT_LT(GetTickCount64() - begin, 3000u);
     SendMessageA(page, WM_NULL, 0, 0);
 }
@@ -366,7 +432,9 @@ TEST_F(ItemAtPointTest, WhereNothingIsAndWhereNobodyAnswersThereIsNone) {
 class WindowAtPointTest : public testing::Test {
 protected:
     WindowAtPointTest() : m_host("--page settings") { m_dialog = m_host.WaitForWindow("Settings"); }
-    HWND Control(unsigned id) const { return m_host.WaitForWindow(std::string("Settings.").append(std::to_string(id))); }
+    HWND Control(unsigned id) const {
+        return m_host.WaitForWindow(std::string("Settings.").append(std::to_string(id)));
+    }
     static POINT MiddleOf(HWND window) {
         RECT rectangle{};
         GetWindowRect(window, &rectangle);

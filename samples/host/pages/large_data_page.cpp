@@ -30,6 +30,8 @@ Option LargeTree() {
             added.children.push_back(
                 {"Item " + std::to_string(item), Option::Kind::Text, std::to_string(group * 100 + item)});
     }
+    root.children.push_back(
+        {"Group 3", Option::Kind::Group, "", false, {{"Never reached by path"}}}); // a namesake
     return root;
 }
 
