@@ -316,12 +316,14 @@ TEST_F(Inspector, PicksWhatTheCrossIsDroppedOn) {
     SetForegroundWindow(m_handle);
     SetCursorPos(cross.left + 20, cross.top + 20);
     send(MOUSEEVENTF_LEFTDOWN);
-    for (const int step : {40, 20, 8}) {
+    for (const int step : {8, 20, 30}) {
         SetCursorPos(area.left + step, area.top + step);
         send(MOUSEEVENTF_MOVE);
     }
     send(MOUSEEVENTF_LEFTUP);
-    EXPECT_THAT(WaitForText(ids::kName, HasSubstr("SampleHostGrid")), HasSubstr("SampleHostGrid"));
+    EXPECT_THAT(WaitForText(ids::kName, HasSubstr("SampleHostGrid")), StartsWith("grid cell '"));
+    EXPECT_THAT(WaitForText(ids::kCall, HasSubstr("GetText")), HasSubstr(".GXGrid(1103"));
+    EXPECT_THAT(Text(ids::kVerdict), StartsWith("Grid cell of a GXGrid, found"));
     EXPECT_EQ(Ask(*Ask(*Tree(), L"SelectedItem").Object(), L"Text").Text().substr(0, 14), L"SampleHostGrid");
 }
 
