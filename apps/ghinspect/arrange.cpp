@@ -76,7 +76,8 @@ void Arrange(HWND window, Scale scale, const Fonts& fonts) {
     int top = margin;
     const int findLabel = scale(36);
     placing.Put(ids::kFindLabel, left, top + labelDrop, findLabel, line);
-    placing.Put(ids::kFind, left + findLabel, top + editDrop, treeWidth - findLabel - gap - button, editHeight);
+    placing.Put(ids::kFind, left + findLabel, top + editDrop, treeWidth - findLabel - gap - button,
+                editHeight);
     placing.Put(ids::kFindNext, left + treeWidth - button, top, button, row);
     top += row + gap;
     const int treeLabel = scale(kTreeLabelWidth);
@@ -127,7 +128,8 @@ void Arrange(HWND window, Scale scale, const Fonts& fonts) {
     placing.Put(ids::kAnswer, page.left + label, below + editDrop, pageWidth - label, editHeight);
     below -= row + gap;
     placing.Put(ids::kArgumentsLabel, page.left, below + labelDrop, label, line);
-    placing.Put(ids::kArguments, page.left + label, below + editDrop, pageWidth - label - gap - copy, editHeight);
+    placing.Put(ids::kArguments, page.left + label, below + editDrop, pageWidth - label - gap - copy,
+                editHeight);
     placing.Put(ids::kDo, page.right - copy, below, copy, row);
     below -= line + gap;
     placing.Put(ids::kHelp, page.left, below, pageWidth, line + 2);

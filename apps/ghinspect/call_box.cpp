@@ -42,8 +42,8 @@ void CallBox::Create(HWND parent, explain::Language language) {
     m_name = CreateControl(parent, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS, ids::kName);
     m_verdict = CreateControl(parent, WC_STATICW, L"", SS_NOPREFIX, ids::kVerdict);
     CreateControl(parent, WC_STATICW, L"Call &in", SS_LEFT, ids::kLanguageLabel);
-    m_languages = CreateControl(parent, WC_COMBOBOXW, L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST,
-                                ids::kLanguage);
+    m_languages =
+        CreateControl(parent, WC_COMBOBOXW, L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, ids::kLanguage);
     for (const explain::Language each : explain::kLanguages) {
         const std::wstring name = explain::ToUtf16(explain::LanguageName(each));
         SendMessageW(m_languages, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));

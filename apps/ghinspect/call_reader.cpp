@@ -134,7 +134,8 @@ private:
 
     bool IsAtText() noexcept {
         SkipSpace();
-        return !m_rest.empty() && (m_rest.front() == '"' || m_rest.front() == '\'' || BeginsWith(m_rest, "chr"));
+        return !m_rest.empty() &&
+               (m_rest.front() == '"' || m_rest.front() == '\'' || BeginsWith(m_rest, "chr"));
     }
 
     std::optional<std::uint32_t> Digits(std::size_t most, int base) noexcept {
@@ -153,8 +154,8 @@ private:
         Characters characters;
         do {
             SkipSpace();
-            const bool isUnderstood = BeginsWith(m_rest, "chr") ? AppendCharacterCall(characters)
-                                                                : AppendLiteral(characters);
+            const bool isUnderstood =
+                BeginsWith(m_rest, "chr") ? AppendCharacterCall(characters) : AppendLiteral(characters);
             if (!isUnderstood) {
                 return std::nullopt;
             }
@@ -249,7 +250,8 @@ private:
         if (!value) {
             return std::nullopt;
         }
-        return isHexadecimal ? Argument(explain::Flags{static_cast<std::uint32_t>(*value)}) : Argument(*value);
+        return isHexadecimal ? Argument(explain::Flags{static_cast<std::uint32_t>(*value)})
+                             : Argument(*value);
     }
 
     std::optional<std::int64_t> Sum(bool& isHexadecimal) {
@@ -304,8 +306,7 @@ private:
         const int base = Take("&H") || Take("0x") ? 16 : 10;
         std::int64_t value = 0;
         SkipSpace();
-        const auto [end, error] =
-            std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), value, base);
+        const auto [end, error] = std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), value, base);
         if (error != std::errc() || value < 0 || value > kGreatestNumber) {
             return std::nullopt;
         }

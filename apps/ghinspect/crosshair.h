@@ -14,7 +14,7 @@ public:
         std::function<void(POINT)> over; // dragged over a point of the screen
         std::function<void(POINT)> dropped;
         std::function<void()> givenUp; // by the Escape key, or because another window took the mouse
-        std::function<void()> pressed;  // by a key
+        std::function<void()> pressed; // by a key
     };
 
     void Create(HWND parent, int id, Events events);

@@ -46,9 +46,8 @@ constexpr std::string_view kExtended = "WS_EX_";
 std::vector<std::wstring> StyleLines(const explain::WindowFacts& facts, bool isExtended) {
     std::vector<std::wstring> lines = {Format(L"0x%08lX", isExtended ? facts.extendedStyle : facts.style)};
     const std::vector<std::string> names = explain::StyleNames(facts);
-    const auto first = std::ranges::find_if(names, [](const std::string& name) {
-        return std::string_view(name).starts_with(kExtended);
-    });
+    const auto first = std::ranges::find_if(
+        names, [](const std::string& name) { return std::string_view(name).starts_with(kExtended); });
     for (auto name = isExtended ? first : names.begin(); name != (isExtended ? names.end() : first); ++name) {
         const std::wstring text = explain::ToUtf16(*name);
         if (lines.back().size() + text.size() < kStyleLineLength) {

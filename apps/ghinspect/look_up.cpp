@@ -46,8 +46,8 @@ void AddItem(LookedUp& result, HWND window, const explain::ItemAtPoint& item) {
         result.verdict = what + L". Reaching it opens a menu, so this was not tried";
     } else if (explain::Answers(window)) {
         const double milliseconds = Time(result.call);
-        result.verdict = milliseconds < 0 ? what + L": the call did not find it just now"
-                                          : FoundIn(what, milliseconds);
+        result.verdict =
+            milliseconds < 0 ? what + L": the call did not find it just now" : FoundIn(what, milliseconds);
     }
 }
 

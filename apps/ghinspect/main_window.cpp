@@ -23,12 +23,15 @@ constexpr SIZE kFirstArea = {1120, 760}; // in pixels at 100 %
 constexpr wchar_t kKeys[] = L"Ctrl+C copies the call   F3 next match   F5 refresh   F7 frame it   "
                             L"F8 pick in 3 s   Ctrl+Tab other page";
 
-constexpr ACCEL kAccelerators[] = {
-    {FVIRTKEY | FCONTROL, 'C', ids::kCopy},      {FVIRTKEY | FCONTROL, 'F', ids::kGoToFind},
-    {FVIRTKEY, VK_F3, ids::kFindNext},           {FVIRTKEY | FSHIFT, VK_F3, ids::kFindPrevious},
-    {FVIRTKEY, VK_F5, ids::kRefresh},            {FVIRTKEY, VK_F7, ids::kShow},
-    {FVIRTKEY, VK_F8, ids::kPick},               {FVIRTKEY | FCONTROL, VK_TAB, ids::kNextPage},
-    {FVIRTKEY | FCONTROL, VK_F6, ids::kNextPage}};
+constexpr ACCEL kAccelerators[] = {{FVIRTKEY | FCONTROL, 'C', ids::kCopy},
+                                   {FVIRTKEY | FCONTROL, 'F', ids::kGoToFind},
+                                   {FVIRTKEY, VK_F3, ids::kFindNext},
+                                   {FVIRTKEY | FSHIFT, VK_F3, ids::kFindPrevious},
+                                   {FVIRTKEY, VK_F5, ids::kRefresh},
+                                   {FVIRTKEY, VK_F7, ids::kShow},
+                                   {FVIRTKEY, VK_F8, ids::kPick},
+                                   {FVIRTKEY | FCONTROL, VK_TAB, ids::kNextPage},
+                                   {FVIRTKEY | FCONTROL, VK_F6, ids::kNextPage}};
 
 // Out-of-context events arrive by the message loop of the thread that has the window.
 MainWindow* s_window = nullptr;
@@ -164,13 +167,12 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 // In the order of the Tab key.
 void MainWindow::OnCreate() {
     CreateControl(m_window, WC_STATICW, L"&Find", SS_LEFT, ids::kFindLabel);
-    const HWND find = CreateControl(m_window, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, ids::kFind,
-                                    WS_EX_CLIENTEDGE);
+    const HWND find =
+        CreateControl(m_window, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, ids::kFind, WS_EX_CLIENTEDGE);
     SendMessageW(find, EM_SETCUEBANNER, TRUE,
                  reinterpret_cast<LPARAM>(L"Class, caption or id, or a script's call"));
     CreateControl(m_window, WC_BUTTONW, L"&Next (F3)", WS_TABSTOP | BS_PUSHBUTTON, ids::kFindNext);
-    CreateControl(m_window, WC_BUTTONW, L"&Hidden windows too", WS_TABSTOP | BS_AUTOCHECKBOX,
-                  ids::kHiddenWindows);
+    CreateControl(m_window, WC_BUTTONW, L"&Hidden too", WS_TABSTOP | BS_AUTOCHECKBOX, ids::kHiddenWindows);
     CreateControl(m_window, WC_BUTTONW, L"&Refresh (F5)", WS_TABSTOP | BS_PUSHBUTTON, ids::kRefresh);
     CheckDlgButton(m_window, ids::kHiddenWindows, m_settings.showHidden ? BST_CHECKED : BST_UNCHECKED);
     CreateControl(m_window, WC_STATICW, L"&Programs", SS_LEFT, ids::kTreeLabel);
@@ -183,13 +185,13 @@ void MainWindow::OnCreate() {
                             m_frame.Hide();
                         },
                         [this] { PickUnderCursor(); }});
-    CreateControl(m_window, WC_STATICW,
-                  L"Drag the cross onto a control or item, or press F8 and point at it.",
+    CreateControl(m_window, WC_STATICW, L"Drag this onto a control or item. By key: F8, then point at it.",
                   SS_LEFT, ids::kPickLabel);
     CreateControl(m_window, WC_BUTTONW, L"Pic&k (F8)", WS_TABSTOP | BS_PUSHBUTTON, ids::kPick);
     CreateControl(m_window, WC_BUTTONW, L"&Show (F7)", WS_TABSTOP | BS_PUSHBUTTON, ids::kShow);
     m_callBox.Create(m_window, m_settings.language);
-    const HWND pages = CreateControl(m_window, WC_TABCONTROLW, L"", WS_TABSTOP | WS_CLIPSIBLINGS, ids::kPages);
+    const HWND pages =
+        CreateControl(m_window, WC_TABCONTROLW, L"", WS_TABSTOP | WS_CLIPSIBLINGS, ids::kPages);
     for (const wchar_t* const title : {L"Facts", L"Members"}) {
         TCITEMW page{};
         page.mask = TCIF_TEXT;
@@ -211,10 +213,9 @@ void MainWindow::OnCreate() {
     m_watcher = std::make_unique<Worker>(m_window, kReplyMessage);
     m_worker = std::make_unique<Worker>(m_window, kReplyMessage);
     constexpr UINT kFlags = WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS;
-    m_events =
-        SetWinEventHook(EVENT_OBJECT_CREATE, EVENT_OBJECT_HIDE, nullptr, OnWindowEvent, 0, 0, kFlags);
-    m_nameEvents =
-        SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr, OnWindowEvent, 0, 0, kFlags);
+    m_events = SetWinEventHook(EVENT_OBJECT_CREATE, EVENT_OBJECT_HIDE, nullptr, OnWindowEvent, 0, 0, kFlags);
+    m_nameEvents = SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr, OnWindowEvent,
+                                   0, 0, kFlags);
     SetTimer(m_window, kTickTimer, kTickMilliseconds, nullptr);
     Refresh();
 }
@@ -267,8 +268,7 @@ bool MainWindow::TranslateKey(MSG& message) {
             return true;
         }
     }
-    return TranslateAcceleratorW(m_window, m_accelerators, &message) ||
-           IsDialogMessageW(m_window, &message);
+    return TranslateAcceleratorW(m_window, m_accelerators, &message) || IsDialogMessageW(m_window, &message);
 }
 
 void MainWindow::OnReturn() {

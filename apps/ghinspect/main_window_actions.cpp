@@ -307,16 +307,17 @@ void MainWindow::DoMember() {
         return;
     }
     m_members.ShowAnswer(L"Doing it \u2026");
-    Ask(member.name, [this, member, arguments, call = m_selection->found.call,
-                      window = m_selection->target.window]() -> Reply {
-        std::wstring answer = window != nullptr && !explain::Answers(window)
-                                  ? L"Not done: the program does not answer."
-                                  : Perform(call, member, arguments);
-        return [this, answer = std::move(answer)] {
-            m_members.ShowAnswer(answer);
-            ReadMembers(false);
-        };
-    });
+    Ask(member.name,
+        [this, member, arguments, call = m_selection->found.call,
+         window = m_selection->target.window]() -> Reply {
+            std::wstring answer = window != nullptr && !explain::Answers(window)
+                                      ? L"Not done: the program does not answer."
+                                      : Perform(call, member, arguments);
+            return [this, answer = std::move(answer)] {
+                m_members.ShowAnswer(answer);
+                ReadMembers(false);
+            };
+        });
 }
 
 void MainWindow::PickUnderCursor() {

@@ -32,8 +32,8 @@ void MemberPage::Create(HWND parent) {
     m_table.Create(parent, ids::kMembers, {{L"Member", 160}, {L"Value now", 160}, {L"Arguments", 160}});
     m_help = CreateControl(parent, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS, ids::kHelp);
     m_argumentsLabel = CreateControl(parent, WC_STATICW, L"&Arguments", SS_LEFT, ids::kArgumentsLabel);
-    m_arguments = CreateControl(parent, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, ids::kArguments,
-                                WS_EX_CLIENTEDGE);
+    m_arguments =
+        CreateControl(parent, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, ids::kArguments, WS_EX_CLIENTEDGE);
     m_do = CreateControl(parent, WC_BUTTONW, L"&Do it (Enter)", WS_TABSTOP | BS_PUSHBUTTON, ids::kDo);
     m_answerLabel = CreateControl(parent, WC_STATICW, L"Ans&wer", SS_LEFT, ids::kAnswerLabel);
     m_answer = CreateControl(parent, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL | ES_READONLY, ids::kAnswer,

@@ -40,9 +40,9 @@ std::wstring Hexadecimal(HRESULT result) {
 // Empty where the system has none.
 std::wstring SystemText(HRESULT result) {
     std::array<wchar_t, 300> text = {};
-    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                                        static_cast<DWORD>(result), 0, text.data(),
-                                        static_cast<DWORD>(text.size()), nullptr);
+    const DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                       static_cast<DWORD>(result), 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
     std::wstring message(text.data(), length);
     message.erase(message.find_last_not_of(L"\r\n ") + 1);
     return message;
@@ -63,9 +63,9 @@ Variant ToVariant(const explain::Argument& argument) {
 Outcome Invoke(IDispatch& object, DISPID member, WORD kind, DISPPARAMS& parameters) {
     Outcome outcome;
     EXCEPINFO exception{};
-    outcome.result = object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,
-                                   kind == DISPATCH_PROPERTYPUT ? nullptr : &outcome.value, &exception,
-                                   nullptr);
+    outcome.result =
+        object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,
+                      kind == DISPATCH_PROPERTYPUT ? nullptr : &outcome.value, &exception, nullptr);
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrHelpFile);
     std::wstring description = TakeText(exception.bstrDescription);
@@ -76,8 +76,8 @@ Outcome Invoke(IDispatch& object, DISPID member, WORD kind, DISPPARAMS& paramete
         if (description.empty()) {
             description = SystemText(outcome.result);
         }
-        outcome.error = L"Error " + Hexadecimal(outcome.result) + (description.empty() ? L"" : L": ") +
-                        description;
+        outcome.error =
+            L"Error " + Hexadecimal(outcome.result) + (description.empty() ? L"" : L": ") + description;
     }
     return outcome;
 }
@@ -157,7 +157,7 @@ bool FoundSomething(const Reached& reached) {
 ComPointer<ITypeInfo> TypeOf(IDispatch& object) {
     ITypeInfo* type = nullptr;
     return SUCCEEDED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, &type)) ? ComPointer<ITypeInfo>(type)
-                                                                         : nullptr;
+                                                                        : nullptr;
 }
 
 std::wstring NameOf(ITypeInfo& type) {
@@ -319,14 +319,13 @@ private:
         }
         // A dispatch interface has the result in its place, a vtable interface as its last parameter.
         const bool hasResultParameter = static_cast<UINT>(function.cParams) > parameters;
-        const TYPEDESC& result = hasResultParameter
-                                     ? function.lprgelemdescParam[function.cParams - 1].tdesc
-                                     : function.elemdescFunc.tdesc;
+        const TYPEDESC& result = hasResultParameter ? function.lprgelemdescParam[function.cParams - 1].tdesc
+                                                    : function.elemdescFunc.tdesc;
         if (IsObjectType(type, result)) {
             return Member::Kind::Finder;
         }
-        const bool reads = function.invkind == INVOKE_PROPERTYGET ||
-                           std::ranges::find(kReaders, name) != std::end(kReaders);
+        const bool reads =
+            function.invkind == INVOKE_PROPERTYGET || std::ranges::find(kReaders, name) != std::end(kReaders);
         return reads && parameters == 0 ? Member::Kind::Value : Member::Kind::Action;
     }
 
@@ -340,8 +339,7 @@ ObjectReport ReadObject(const explain::Call& call) {
     ObjectReport report;
     const Reached reached = Run(call);
     if (!FoundSomething(reached)) {
-        report.obstacle = FAILED(reached.last.result) ? reached.last.error
-                                                      : L"The call finds nothing now.";
+        report.obstacle = FAILED(reached.last.result) ? reached.last.error : L"The call finds nothing now.";
         return report;
     }
     if (!reached.last.value.IsObject()) {
@@ -355,7 +353,9 @@ ObjectReport ReadObject(const explain::Call& call) {
     report.interfaceName = NameOf(*type);
     TypeReader(report.members).Read(*type);
     std::ranges::stable_sort(report.members, {}, [](const Member& member) {
-        const int group = member.kind == Member::Kind::Value ? 0 : member.kind == Member::Kind::Finder ? 2 : 1;
+        const int group = member.kind == Member::Kind::Value    ? 0
+                          : member.kind == Member::Kind::Finder ? 2
+                                                                : 1;
         return std::pair(group, member.name);
     });
     for (Member& member : report.members) {

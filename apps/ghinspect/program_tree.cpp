@@ -64,8 +64,8 @@ ProgramTree::Node* ProgramTree::NodeOf(HTREEITEM handle) const {
     TVITEMW item{};
     item.mask = TVIF_PARAM;
     item.hItem = handle;
-    const bool isThere = handle != nullptr && SendMessageW(m_tree, TVM_GETITEMW, 0,
-                                                           reinterpret_cast<LPARAM>(&item));
+    const bool isThere =
+        handle != nullptr && SendMessageW(m_tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
     return isThere ? reinterpret_cast<Node*>(item.lParam) : nullptr;
 }
 

@@ -15,13 +15,12 @@ using inspector::ReadCall;
 
 // What the tools write is read back as it was, whatever is in it.
 TEST(ReadCall, ReadsWhatIsWritten) {
-    const Call call = {
-        {"MainWindow", {std::string("a \"b\" 'c' \\d $e `f` %g, (h)")}},
-        {"ChildWindow",
-         {std::string("\t1\r\n\xC3\x84\xD7\x90\xF0\x9F\x94\xA9 \"$`"), std::string(), std::int64_t{-7},
-          Flags{0x80000040}}},
-        {"TreeCtrl", {std::int64_t{1100}, Flags{0x8040}}},
-        {"MainMenu", {}}};
+    const Call call = {{"MainWindow", {std::string("a \"b\" 'c' \\d $e `f` %g, (h)")}},
+                       {"ChildWindow",
+                        {std::string("\t1\r\n\xC3\x84\xD7\x90\xF0\x9F\x94\xA9 \"$`"), std::string(),
+                         std::int64_t{-7}, Flags{0x80000040}}},
+                       {"TreeCtrl", {std::int64_t{1100}, Flags{0x8040}}},
+                       {"MainMenu", {}}};
     for (const Language language : explain::kLanguages) {
         const std::string text = CallText(call, language);
         EXPECT_EQ(ReadCall(text, language), call) << text;

@@ -114,9 +114,7 @@ protected:
     void Press(int id) const { Ask(*Found(Ask(*m_window, L"Button", L"", LONG{id}), "a button"), L"Click"); }
 
     bool Select(const std::wstring& path) const {
-        return Eventually([&] {
-            return Ask(*Tree(), L"SelectItemByPath", path.c_str()).Bool();
-        });
+        return Eventually([&] { return Ask(*Tree(), L"SelectItemByPath", path.c_str()).Bool(); });
     }
     std::string WaitForText(int id, const testing::Matcher<const std::string&>& wanted) const {
         std::string text;
@@ -171,12 +169,14 @@ std::string RunAsScript(const std::string& call) {
     const auto script = folder / "inspected call.vbs";
     const auto output = folder / "inspected call.txt";
     std::ofstream(script) << "Set gh = CreateObject(\"Ghosthand.Ghosthand\")\n"
-                             "Set found = " + call + "\n"
-                             "If found Is Nothing Then\n"
-                             "WScript.Echo \"Nothing\"\n"
-                             "Else\n"
-                             "WScript.Echo found.ControlID & \" at \" & found.Left & \",\" & found.Top\n"
-                             "End If\n";
+                             "Set found = " +
+                                 call +
+                                 "\n"
+                                 "If found Is Nothing Then\n"
+                                 "WScript.Echo \"Nothing\"\n"
+                                 "Else\n"
+                                 "WScript.Echo found.ControlID & \" at \" & found.Left & \",\" & found.Top\n"
+                                 "End If\n";
     const Program host("cscript.exe //nologo \"" + script.string() + "\"", output.string());
     EXPECT_TRUE(host.WaitForEnd(120));
     return support::ReadFile(output);
@@ -191,8 +191,8 @@ std::string ExpectedOutput(HWND window) {
 
 TEST_F(Inspector, ShowsTheCallThatReachesTheSelectedWindow) {
     const SampleHost host("--page cad");
-    ASSERT_TRUE(Select(std::wstring(L"sample_host.exe|") + kFrameLabel +
-                       L"|ToolbarWindow32 'Standard' id 1080"));
+    ASSERT_TRUE(
+        Select(std::wstring(L"sample_host.exe|") + kFrameLabel + L"|ToolbarWindow32 'Standard' id 1080"));
     EXPECT_THAT(WaitForText(ids::kVerdict, StartsWith("ControlBar, found")), HasSubstr(" ms"));
     EXPECT_EQ(WaitForRow(ids::kFacts, "Class"), "ToolbarWindow32");
     EXPECT_EQ(WaitForRow(ids::kFacts, "Kind"), "ControlBar");
@@ -260,8 +260,8 @@ TEST_F(Inspector, ReadsMembersAndDoesThem) {
     GetWindowTextA(edit, text, sizeof text);
     SendMessageA(edit, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
     EXPECT_STREQ(text, "typed by the inspector");
-    EXPECT_TRUE(Eventually(
-        [&] { return WaitForRow(ids::kMembers, "Text") == "\"typed by the inspector\""; }));
+    EXPECT_TRUE(
+        Eventually([&] { return WaitForRow(ids::kMembers, "Text") == "\"typed by the inspector\""; }));
 }
 
 TEST_F(Inspector, SaysThatAProgramHasEnded) {
@@ -270,9 +270,8 @@ TEST_F(Inspector, SaysThatAProgramHasEnded) {
     WaitForText(ids::kVerdict, HasSubstr("found"));
     host.reset();
     EXPECT_THAT(WaitForText(ids::kName, HasSubstr("gone")), HasSubstr("gone"));
-    EXPECT_TRUE(Eventually([&] {
-        return Ask(*Tree(), L"ItemByPath", L"sample_host.exe").Object() == nullptr;
-    }));
+    EXPECT_TRUE(
+        Eventually([&] { return Ask(*Tree(), L"ItemByPath", L"sample_host.exe").Object() == nullptr; }));
     // The next one is shown by itself.
     const SampleHost another;
     EXPECT_TRUE(Select(L"sample_host.exe"));
@@ -317,14 +316,15 @@ TEST_F(Inspector, PicksWhatTheCrossIsDroppedOn) {
     SetForegroundWindow(m_handle);
     SetCursorPos(cross.left + 20, cross.top + 20);
     send(MOUSEEVENTF_LEFTDOWN);
-    for (const int step : {40, 20, 8}) {
+    for (const int step : {8, 20, 30}) {
         SetCursorPos(area.left + step, area.top + step);
         send(MOUSEEVENTF_MOVE);
     }
     send(MOUSEEVENTF_LEFTUP);
-    EXPECT_THAT(WaitForText(ids::kName, HasSubstr("SampleHostGrid")), HasSubstr("SampleHostGrid"));
-    EXPECT_EQ(Ask(*Ask(*Tree(), L"SelectedItem").Object(), L"Text").Text().substr(0, 14),
-              L"SampleHostGrid");
+    EXPECT_THAT(WaitForText(ids::kName, HasSubstr("SampleHostGrid")), StartsWith("grid cell '"));
+    EXPECT_THAT(WaitForText(ids::kCall, HasSubstr("GetText")), HasSubstr(".GXGrid(1103"));
+    EXPECT_THAT(Text(ids::kVerdict), StartsWith("Grid cell of a GXGrid, found"));
+    EXPECT_EQ(Ask(*Ask(*Tree(), L"SelectedItem").Object(), L"Text").Text().substr(0, 14), L"SampleHostGrid");
 }
 
 TEST_F(Inspector, TakesAThousandWindowsAndOneWithFiveThousandChildren) {
