@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=tools/wine/messages.sh
 source tools/wine/messages.sh
 
-tools/wine/setup.sh clang-tidy-14
+tools/wine/setup.sh clang-tidy-16
 cmake --preset cross -DCMAKE_EXPORT_COMPILE_COMMANDS=ON >/dev/null
 [[ -e build/cross/src/automation/generated/Ghosthand_idl.h ]] ||
     cmake --build --preset cross --target ghosthand_interfaces
@@ -20,6 +20,6 @@ done < <(x86_64-w64-mingw32-g++-posix -E -v -x c++ /dev/null 2>&1 >/dev/null | s
 files=("$@")
 ((${#files[@]})) || mapfile -t files < <(find src apps -name '*.cpp' | sort)
 printf '%s\0' "${files[@]}" |
-    xargs -0 -n 4 -P "$(nproc)" clang-tidy-14 -p build/cross --quiet "${arguments[@]}" 2>/dev/null ||
+    xargs -0 -n 4 -P "$(nproc)" clang-tidy-16 -p build/cross --quiet --warnings-as-errors='*' "${arguments[@]}" 2>/dev/null ||
     fail "clang-tidy has something to say; it stands above."
 say "Nothing found in ${#files[@]} files"
