@@ -1,7 +1,7 @@
 """Tests of the sample host: one thing each, so that the report tells what does not work."""
 
 import pytest
-from ghosthand_helpers import open_dialog, wait_until_gone
+from ghosthand_helpers import by_name, open_dialog, wait_until_gone
 
 # Commands and control ids of the sample host (samples/host/host_ids.h).
 PAGE_SETTINGS, PAGE_CAD, PAGE_TREES = 601, 610, 630
@@ -51,7 +51,7 @@ def test_tree_selects(host):
 
 
 def test_part_hides_and_shows(host):
-    part = page(host, PAGE_CAD).CADTree(CAD_TREE).ItemByPath("Gearbox|Housing|Right wall")
+    part = by_name(page(host, PAGE_CAD).CADTree(CAD_TREE).ItemByPath("Gearbox|Housing|Right wall"))
     part.Visible = False
     assert not part.Visible
     part.Visible = True

@@ -4,8 +4,7 @@ Hides a part, colours another, sets a parameter and the material, restores a cam
 click. Leave the mouse alone meanwhile: the view is driven with the real cursor.
 """
 
-import win32com.client
-from ghosthand_helpers import expect, main_window
+from ghosthand_helpers import by_name, expect, ghosthand, main_window
 
 # Commands and control ids of the sample host (samples/host/host_ids.h).
 PAGE_CAD, CAD_TREE, MATERIAL, PARAMETER_GRID, STATUS_BAR = 610, 1100, 1102, 1103, 1090
@@ -25,17 +24,17 @@ def main():
     change_parts(page.CADTree(CAD_TREE))
     set_parameters(page)
     replay_click(host, page.CADView())
-    win32com.client.Dispatch("Ghosthand.Ghosthand").UnblockMouse()
+    ghosthand().UnblockMouse()
 
 
 def change_parts(tree):
-    wall = tree.ItemByPath("Gearbox|Housing|Right wall")
+    wall = by_name(tree.ItemByPath("Gearbox|Housing|Right wall"))
     wall.Visible = False
     expect("Wall visible", wall.Visible, False)
-    shaft = tree.ItemByPath("Gearbox|Shafts|Input shaft")
+    shaft = by_name(tree.ItemByPath("Gearbox|Shafts|Input shaft"))
     shaft.Color = RED
     expect("Shaft colour", shaft.Color, RED)
-    tree.ItemByPath("Gearbox|Housing|Base plate").Checked = True
+    by_name(tree.ItemByPath("Gearbox|Housing|Base plate")).Checked = True
     expect("Selected", tree.SelectItemByPath("Gearbox|Shafts|Output shaft"), True)
 
 

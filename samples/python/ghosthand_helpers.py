@@ -15,9 +15,20 @@ import win32gui
 NO_SUCH = "(no such window)"
 
 
+def ghosthand():
+    """The entry object."""
+    return win32com.client.Dispatch("Ghosthand.Ghosthand")
+
+
+def by_name(thing):
+    """The same object, with its members looked up by name. Where somebody has run makepy, pywin32 gives an item of a
+    model tree the members of any tree's item only."""
+    return win32com.client.dynamic.Dispatch(thing._oleobj_)
+
+
 def main_window(program, timeout=60):
     """The main window of a running program; stops the script if there is none."""
-    window = win32com.client.Dispatch("Ghosthand.Ghosthand").MainWindow(program, "", "", 0, timeout)
+    window = ghosthand().MainWindow(program, "", "", 0, timeout)
     if window is None:
         raise LookupError(f"the main window of {program} was not found: start it first")
     return window

@@ -52,38 +52,6 @@ STICKING_OUT = """
         .filter(element => element.getBoundingClientRect().right > edge + 1 && !scrolls(element.parentElement))
         .slice(0, 1).map(element => element.outerHTML.slice(0, 60));
 """
-LINE = 1000
-WORST_CONTRAST = 4.5  # of text to its background, as WCAG 2 demands it (AA)
-
-# Texts whose contrast is too small: [text, colour, background, contrast].
-CONTRASTS = """
-    const numbers = colour => colour.match(/[\\d.]+/g).map(Number);
-    const luminance = colour => {
-        const [r, g, b] = numbers(colour).map(value => value / 255)
-            .map(value => value <= 0.04045 ? value / 12.92 : ((value + 0.055) / 1.055) ** 2.4);
-        return 0.2126 * r + 0.7152 * g + 0.0722 * b;
-    };
-    const backgroundOf = element => {
-        for (; element; element = element.parentElement) {
-            const colour = getComputedStyle(element).backgroundColor, parts = numbers(colour);
-            if (parts.length < 4 || parts[3] > 0.99) return colour;
-        }
-        return matchMedia('(prefers-color-scheme: dark)').matches ? 'rgb(0, 0, 0)' : 'rgb(255, 255, 255)';
-    };
-    const bad = [];
-    const walker = document.createTreeWalker(document.querySelector('article'), NodeFilter.SHOW_TEXT);
-    for (let node; node = walker.nextNode();) {
-        const element = node.parentElement, style = getComputedStyle(element);
-        if (!node.data.trim() || !element.offsetParent || style.visibility !== 'visible'
-            || element.closest('.headerlink, svg, .copybtn')) continue;
-        const [a, b] = [luminance(style.color), luminance(backgroundOf(element))].sort((x, y) => y - x);
-        const contrast = (a + 0.05) / (b + 0.05);
-        if (contrast < arguments[0]) bad.push([node.data.trim().slice(0, 40), style.color, backgroundOf(element), contrast]);
-    }
-    return bad;
-"""
-# What sticks out at the right, not counting what scrolls by itself.
-OVERFLOW = "return document.scrollingElement.scrollWidth - document.scrollingElement.clientWidth;"
 LINE = "return Math.max(0, ...[...document.querySelectorAll('article p')].map(p => p.getBoundingClientRect().width));"
 
 

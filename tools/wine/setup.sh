@@ -13,8 +13,9 @@ packages=(
     wine wine64 wine64-tools libwine-dev        # running what was built, and Windows' own interfaces
     fonts-liberation                            # what they write with
     xvfb imagemagick                            # a desktop without a screen, and pictures of it
-    python3 python3-pip                         # checking the type library against Microsoft's
+    python3 python3-pip                         # checking the type library against Microsoft's, clients in Python
     nsis unzip                                  # the installer, and looking into the archive
+    mono-mcs                                    # checking the samples in C#
     "$@"
 )
 if [[ ${1:-} == --optional ]]; then
