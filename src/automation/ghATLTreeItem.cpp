@@ -13,7 +13,7 @@ HRESULT CreateTreeItem(IUnknown* outer, REFIID iid, void** object) noexcept {
 
 HRESULT Wrap(std::unique_ptr<ghTreeItem> engine, ITreeItem** object) {
     if (auto* item = dynamic_cast<ghCADTreeItem*>(engine.get())) {
-        engine.release();
+        static_cast<void>(engine.release());
         return Wrap(std::unique_ptr<ghCADTreeItem>(item), object);
     }
     return WrapInto<ghATLTreeItem>(std::move(engine), object);

@@ -38,7 +38,8 @@ Navigation<ghOpenSaveDialog> OpenSaveDialog() {
             "Failed to wait for Open-Save dialog."};
 }
 
-Navigation<ghBaseWindow> ChildWindow(std::string caption, std::string className, int id, int flags) {
+Navigation<ghBaseWindow> ChildWindow(const std::string& caption, const std::string& className, int id,
+                                     int flags) {
     std::string message = className.empty()
                               ? Format("Failed to wait for ChildWindow('%s', %d).", caption.c_str(), id)
                               : Format("Failed to wait for ChildWindow('%s', '%s', %d).", caption.c_str(),
@@ -50,7 +51,7 @@ Navigation<ghBaseWindow> ChildWindow(std::string caption, std::string className,
             std::move(message)};
 }
 
-Navigation<ghBaseWindow> ChildDialog(std::string caption, int id, int flags) {
+Navigation<ghBaseWindow> ChildDialog(const std::string& caption, int id, int flags) {
     std::string message = Format("Failed to wait for ChildDialog('%s', %d).", caption.c_str(), id);
     return {[=](const ghBaseWindow& from) {
                 return Found<ghBaseWindow>(
@@ -59,7 +60,7 @@ Navigation<ghBaseWindow> ChildDialog(std::string caption, int id, int flags) {
             std::move(message)};
 }
 
-Navigation<ghBaseWindow> ChildDialogByControl(std::string caption, int id, bool visibleOnly) {
+Navigation<ghBaseWindow> ChildDialogByControl(const std::string& caption, int id, bool visibleOnly) {
     std::string message = Format("Failed to wait for ChildDialogByCOntrol('%s', %d).", caption.c_str(), id);
     return {[=](const ghBaseWindow& from) {
                 return Found<ghBaseWindow>(
@@ -68,7 +69,7 @@ Navigation<ghBaseWindow> ChildDialogByControl(std::string caption, int id, bool 
             std::move(message)};
 }
 
-Navigation<ghBaseWindow> Button(std::string caption, int id, int flags) {
+Navigation<ghBaseWindow> Button(const std::string& caption, int id, int flags) {
     // A button is looked for, and reported, as a child window of that class.
     std::string message =
         Format("Failed to wait for ChildWindow('%s', '%s', %d).", caption.c_str(), "Button", id);
@@ -78,7 +79,7 @@ Navigation<ghBaseWindow> Button(std::string caption, int id, int flags) {
             std::move(message)};
 }
 
-Navigation<ghCheckBox> CheckBox(std::string caption, int id, int flags) {
+Navigation<ghCheckBox> CheckBox(const std::string& caption, int id, int flags) {
     std::string message = Format("Failed to wait for CheckBox('%s', %d).", caption.c_str(), id);
     return {[=](const ghBaseWindow& from) {
                 return Found<ghCheckBox>(engine::FindCheckBox(from.Window(), caption, id, ToFlags(flags)));
@@ -105,7 +106,7 @@ Navigation<ghCADView> CADView() {
             "Failed to wait for CADView."};
 }
 
-Navigation<ghRibCustomiser> RibCustomisationWidget(std::string name, int id, int flags) {
+Navigation<ghRibCustomiser> RibCustomisationWidget(const std::string& name, int id, int flags) {
     std::string message = Format("Failed to wait for RibCustomisationWidget(%s, %d).", name.c_str(), id);
     return {[=](const ghBaseWindow& from) {
                 return Found<ghRibCustomiser>(
@@ -114,7 +115,7 @@ Navigation<ghRibCustomiser> RibCustomisationWidget(std::string name, int id, int
             std::move(message)};
 }
 
-Navigation<ghControlBar> Toolbar(std::string caption, int id, int flags) {
+Navigation<ghControlBar> Toolbar(const std::string& caption, int id, int flags) {
     std::string message = Format("Failed to wait for Toolbar('%s', %d).", caption.c_str(), id);
     return {[=](const ghBaseWindow& from) -> std::unique_ptr<ghControlBar> {
                 return Found<ghToolbar>(controlbars::FindToolbar(from.Window(), caption, id, ToFlags(flags)));

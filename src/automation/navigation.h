@@ -84,16 +84,17 @@ Navigation<Target> WindowByName(std::string name) {
 Navigation<ghBaseWindow> ActiveDialog();
 Navigation<ghBaseWindow> ActiveDocument();
 Navigation<ghOpenSaveDialog> OpenSaveDialog();
-Navigation<ghBaseWindow> ChildWindow(std::string caption, std::string className, int id, int flags);
-Navigation<ghBaseWindow> ChildDialog(std::string caption, int id, int flags);
-Navigation<ghBaseWindow> ChildDialogByControl(std::string caption, int id, bool visibleOnly);
-Navigation<ghBaseWindow> Button(std::string caption, int id, int flags);
-Navigation<ghCheckBox> CheckBox(std::string caption, int id, int flags);
+Navigation<ghBaseWindow> ChildWindow(const std::string& caption, const std::string& className, int id,
+                                     int flags);
+Navigation<ghBaseWindow> ChildDialog(const std::string& caption, int id, int flags);
+Navigation<ghBaseWindow> ChildDialogByControl(const std::string& caption, int id, bool visibleOnly);
+Navigation<ghBaseWindow> Button(const std::string& caption, int id, int flags);
+Navigation<ghCheckBox> CheckBox(const std::string& caption, int id, int flags);
 Navigation<ghTabControl> TabControl(int id, int flags);
 Navigation<ghGXGrid> GXGrid(int id, int flags);
 Navigation<ghCADView> CADView();
-Navigation<ghRibCustomiser> RibCustomisationWidget(std::string name, int id, int flags);
-Navigation<ghControlBar> Toolbar(std::string caption, int id, int flags);
+Navigation<ghRibCustomiser> RibCustomisationWidget(const std::string& name, int id, int flags);
+Navigation<ghControlBar> Toolbar(const std::string& caption, int id, int flags);
 Navigation<ghControlBar> MainMenu();
 Navigation<ghControlBar> CurrentContextMenu();
 

@@ -34,7 +34,8 @@ void PumpFor(int milliseconds) noexcept {
     }
 }
 
-bool Wait(int timeoutSeconds, std::function<bool()> predicate, const std::string& message, HWND needed) {
+bool Wait(int timeoutSeconds, const std::function<bool()>& predicate, const std::string& message,
+          HWND needed) {
     using diagnostics::StepOutcome;
     int remaining = SaturatedMilliseconds(timeoutSeconds);
     diagnostics::StepReport report(diagnostics::StepKind::Wait, message, remaining);

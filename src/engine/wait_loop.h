@@ -24,7 +24,7 @@ void PumpFor(int milliseconds) noexcept;
 // is reported if the predicate never came true. Where `needed` is not null, the wait ends as
 // soon as that window is gone: the predicate cannot come true without it. An empty predicate raises
 // std::bad_function_call.
-bool Wait(int timeoutSeconds, std::function<bool()> predicate, const std::string& message,
+bool Wait(int timeoutSeconds, const std::function<bool()>& predicate, const std::string& message,
           HWND needed = nullptr);
 
 // Searches as Wait() does. What the search found, null when nothing was found in time.
