@@ -42,8 +42,8 @@ void AddItem(LookedUp& result, HWND window, const explain::ItemAtPoint& item) {
         return;
     }
     result.call.insert(result.call.end(), item.steps.begin(), item.steps.end());
-    if (!OnlyLooks(result.call)) {
-        result.verdict = what + L". Reaching it opens a menu, so this was not tried";
+    if (LookingPart(result.call) != result.call) {
+        result.verdict = what + L". The call selects it or opens a menu, so it was not tried";
     } else if (explain::Answers(window)) {
         const double milliseconds = Time(result.call);
         result.verdict =

@@ -326,7 +326,6 @@ void MainWindow::OnCommand(int id, int code) {
         Refresh();
         if (m_selection) {
             Select(m_selection->target, m_selection->item);
-            ReadMembers(true);
         }
         break;
     case ids::kPick:

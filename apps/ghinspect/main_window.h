@@ -77,7 +77,7 @@ private:
     void ShowFacts();
     void ShowPage();
     bool IsMembersPage() const;
-    void ReadMembers(bool evenIfItActs);
+    void ReadMembers();
     void DoMember();
 
     void PickUnderCursor();

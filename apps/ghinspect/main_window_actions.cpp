@@ -223,7 +223,7 @@ void MainWindow::OnLookedUp(LookedUp found) {
     m_callBox.Show(found.call, found.verdict);
     m_selection->found = std::move(found);
     ShowFacts();
-    ReadMembers(false);
+    ReadMembers();
 }
 
 void MainWindow::ShowFacts() {
@@ -271,21 +271,17 @@ void MainWindow::ShowPage() {
     ShowWindow(m_facts.List().Window(), isMembers ? SW_HIDE : SW_SHOWNA);
     m_members.SetVisible(isMembers);
     if (isMembers) {
-        ReadMembers(false);
+        ReadMembers();
     }
 }
 
-void MainWindow::ReadMembers(bool evenIfItActs) {
+void MainWindow::ReadMembers() {
     if (!IsMembersPage() || !m_selection || m_selection->isGone || m_selection->found.kind.empty()) {
         return;
     }
-    const explain::Call& call = m_selection->found.call;
+    explain::Call call = LookingPart(m_selection->found.call);
     if (call.empty()) {
         m_members.ShowMessage(L"There is no call, and so no object to ask.");
-        return;
-    }
-    if (!evenIfItActs && !OnlyLooks(call)) {
-        m_members.ShowMessage(L"The call opens a menu. F5 makes it and reads the members.");
         return;
     }
     Ask(L"Reading the members", [this, call, window = m_selection->target.window]() -> Reply {
@@ -308,14 +304,14 @@ void MainWindow::DoMember() {
     }
     m_members.ShowAnswer(L"Doing it \u2026");
     Ask(member.name,
-        [this, member, arguments, call = m_selection->found.call,
+        [this, member, arguments, call = LookingPart(m_selection->found.call),
          window = m_selection->target.window]() -> Reply {
             std::wstring answer = window != nullptr && !explain::Answers(window)
                                       ? L"Not done: the program does not answer."
                                       : Perform(call, member, arguments);
             return [this, answer = std::move(answer)] {
                 m_members.ShowAnswer(answer);
-                ReadMembers(false);
+                ReadMembers();
             };
         });
 }

@@ -18,9 +18,8 @@ namespace {
 
 // Methods without parameters that read.
 constexpr std::wstring_view kReaders[] = {L"GetItemCount"};
-// Members on the way to an object that open or click something.
-constexpr std::string_view kActingSteps[] = {"Click", "ContextMenu", "Expand", "SelectItem",
-                                             "SelectItemByName"};
+// How the names of members begin that do something on the way to an object.
+constexpr std::string_view kActingSteps[] = {"Click", "ContextMenu", "Expand", "SelectItem"};
 // Parameters with the time that a search may take; the inspector looks once.
 constexpr const wchar_t* kTimeouts[] = {L"a_timeout", L"timeout"};
 constexpr UINT kMostParameters = 16;
@@ -376,10 +375,13 @@ std::wstring Perform(const explain::Call& call, const Member& member,
     return InWords(CallByName(*reached.object, member.name, kind, arguments));
 }
 
-bool OnlyLooks(const explain::Call& call) {
-    return std::ranges::none_of(call, [](const explain::Step& step) {
-        return std::ranges::find(kActingSteps, step.member) != std::end(kActingSteps);
-    });
+explain::Call LookingPart(const explain::Call& call) {
+    const auto acts = [](const explain::Step& step) {
+        return std::ranges::any_of(kActingSteps, [&](std::string_view beginning) {
+            return std::string_view(step.member).starts_with(beginning);
+        });
+    };
+    return {call.begin(), std::ranges::find_if(call, acts)};
 }
 
 double Time(const explain::Call& call) {

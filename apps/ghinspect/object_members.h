@@ -36,8 +36,8 @@ ObjectReport ReadObject(const explain::Call& call);
 std::wstring Perform(const explain::Call& call, const Member& member,
                      const std::vector<explain::Argument>& arguments);
 
-// Whether the call is one that looks only and opens or clicks nothing.
-bool OnlyLooks(const explain::Call& call);
+// The call up to the first step that does something, as one that selects an item or opens a menu.
+explain::Call LookingPart(const explain::Call& call);
 
 // Runs the whole call once. The time that it took, below 0 when it finds nothing.
 double Time(const explain::Call& call);
