@@ -8,6 +8,7 @@
 #include <set>
 #include <string_view>
 
+#include "explain/system_text.h"
 #include "explain/utf8.h"
 #include "ghinspect/com_values.h"
 #include "shared/ghosthand_module.h"
@@ -36,17 +37,6 @@ std::wstring Hexadecimal(HRESULT result) {
     return text.data();
 }
 
-// Empty where the system has none.
-std::wstring SystemText(HRESULT result) {
-    std::array<wchar_t, 300> text = {};
-    const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                       static_cast<DWORD>(result), 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
-    std::wstring message(text.data(), length);
-    message.erase(message.find_last_not_of(L"\r\n ") + 1);
-    return message;
-}
-
 Variant ToVariant(const explain::Argument& argument) {
     if (const auto* const text = std::get_if<std::string>(&argument)) {
         return Variant(explain::ToUtf16(*text));
@@ -73,7 +63,7 @@ Outcome Invoke(IDispatch& object, DISPID member, WORD kind, DISPPARAMS& paramete
     }
     if (FAILED(outcome.result)) {
         if (description.empty()) {
-            description = SystemText(outcome.result);
+            description = explain::ToUtf16(explain::SystemText(static_cast<DWORD>(outcome.result)));
         }
         outcome.error =
             L"Error " + Hexadecimal(outcome.result) + (description.empty() ? L"" : L": ") + description;

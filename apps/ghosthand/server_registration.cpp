@@ -11,6 +11,7 @@
 #include <oleauto.h>
 
 #include "Ghosthand_idl.h"
+#include "explain/system_text.h"
 #include "explain/utf8.h"
 #include "server/registration_script.h"
 
@@ -383,15 +384,8 @@ bool IsRegisteredFor32Bit() {
 std::string ResultText(HRESULT result) {
     std::array<char, 16> number;
     std::snprintf(number.data(), number.size(), "0x%08lX", static_cast<unsigned long>(result));
-    std::array<wchar_t, 512> text;
-    DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                       static_cast<DWORD>(result), 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
-    while (length > 0 && text[length - 1] <= L' ') {
-        --length;
-    }
-    return number.data() +
-           (length == 0 ? "" : " (" + explain::ToUtf8(std::wstring_view(text.data(), length)) + ")");
+    const std::string text = explain::SystemText(static_cast<DWORD>(result));
+    return number.data() + (text.empty() ? text : " (" + text + ")");
 }
 
 } // namespace apps

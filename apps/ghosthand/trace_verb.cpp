@@ -13,6 +13,7 @@
 #include <windows.h>
 
 #include "explain/json_writer.h"
+#include "explain/system_text.h"
 #include "explain/utf8.h"
 #include "ghosthand/report_verb.h"
 #include "report/report_file.h"
@@ -30,17 +31,6 @@ struct HandleCloser {
 };
 using UniqueHandle = std::unique_ptr<std::remove_pointer_t<HANDLE>, HandleCloser>;
 
-std::string SystemText(DWORD error) {
-    wchar_t text[512] = L"";
-    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
-                                  0, text, static_cast<DWORD>(std::size(text)), nullptr);
-    while (length > 0 && text[length - 1] <= L' ') {
-        --length;
-    }
-    return length == 0 ? "error " + std::to_string(error) : explain::ToUtf8(std::wstring_view(text, length));
-}
-
-// Local times: one as part of a file name, the other as docs/trace-format.md has it.
 std::wstring FolderName() {
     SYSTEMTIME now = {};
     GetLocalTime(&now);
@@ -48,25 +38,6 @@ std::wstring FolderName() {
     std::swprintf(name, std::size(name), L"trace-%04d%02d%02d-%02d%02d%02d", now.wYear, now.wMonth, now.wDay,
                   now.wHour, now.wMinute, now.wSecond);
     return name;
-}
-
-std::string TimeText() {
-    SYSTEMTIME universal = {};
-    SYSTEMTIME local = {};
-    GetSystemTime(&universal);
-    SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local);
-    const auto minutes = [](const SYSTEMTIME& time) {
-        FILETIME ticks = {};
-        SystemTimeToFileTime(&time, &ticks);
-        return static_cast<std::int64_t>((std::uint64_t{ticks.dwHighDateTime} << 32 | ticks.dwLowDateTime) /
-                                         600'000'000);
-    };
-    const auto offset = static_cast<int>(minutes(local) - minutes(universal));
-    char text[64] = "";
-    std::snprintf(text, sizeof(text), "%04d-%02d-%02dT%02d:%02d:%02d.%03d%c%02d:%02d", local.wYear,
-                  local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond, local.wMilliseconds,
-                  offset < 0 ? '-' : '+', std::abs(offset) / 60, std::abs(offset) % 60);
-    return text;
 }
 
 // A folder without a trace, made where there is none. Throws std::runtime_error with a sentence.
@@ -123,7 +94,7 @@ void WriteRun(const fs::path& folder, const std::string& commandLine, const std:
               int exitCode) {
     explain::JsonWriter json;
     json.BeginObject().Key("event").Text("run").Key("commandLine").Text(commandLine);
-    json.Key("started").Text(started).Key("ended").Text(TimeText());
+    json.Key("started").Text(started).Key("ended").Text(explain::LocalTimeText());
     json.Key("exitCode").Number(std::int64_t{exitCode}).EndObject();
     std::ofstream(folder / "run.jsonl", std::ios::binary) << json.Result() << '\n';
 }
@@ -173,12 +144,12 @@ int Trace(Arguments arguments) {
         }
     };
     SetEnvironmentVariableW(L"GHOSTHAND_TRACE", folder.c_str());
-    const std::string started = TimeText();
+    const std::string started = explain::LocalTimeText();
     SetConsoleCtrlHandler(StayOnInterruption, TRUE);
     const UniqueHandle process = Start(explain::ToUtf16(commandLine));
     if (process == nullptr) {
         const DWORD reason = GetLastError();
-        PrintError(arguments[0] + " could not be started: " + SystemText(reason) + "\n");
+        PrintError(arguments[0] + " could not be started: " + explain::SystemText(reason) + "\n");
         removeOwnFolder();
         return kFailed;
     }

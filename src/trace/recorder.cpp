@@ -6,6 +6,7 @@
 
 #include "explain/call_text.h"
 #include "explain/explain_nothing.h"
+#include "explain/system_text.h"
 #include "explain/utf8.h"
 #include "trace/desktop_picture.h"
 #include "trace/wording.h"
@@ -31,27 +32,6 @@ std::string ClassName(std::string_view decorated) {
     const auto begin = decorated.find(kPrefix);
     return std::string(begin == std::string_view::npos ? decorated
                                                        : decorated.substr(begin + kPrefix.size()));
-}
-
-std::string LocalTime() {
-    SYSTEMTIME local = {};
-    GetLocalTime(&local);
-    SYSTEMTIME universal = {};
-    GetSystemTime(&universal);
-    FILETIME times[2] = {};
-    SystemTimeToFileTime(&local, &times[0]);
-    SystemTimeToFileTime(&universal, &times[1]);
-    const auto ticks = [](const FILETIME& time) {
-        return static_cast<std::int64_t>(std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime);
-    };
-    constexpr std::int64_t kTicksPerMinute = 600'000'000;
-    const std::int64_t difference = ticks(times[0]) - ticks(times[1]);
-    const auto minutes =
-        static_cast<int>((difference + (difference < 0 ? -1 : 1) * kTicksPerMinute / 2) / kTicksPerMinute);
-    return engine::diagnostics::Format("%04d-%02d-%02dT%02d:%02d:%02d.%03d%c%02d:%02d", local.wYear,
-                                       local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond,
-                                       local.wMilliseconds, minutes < 0 ? '-' : '+', std::abs(minutes) / 60,
-                                       std::abs(minutes) % 60);
 }
 
 std::string ProgramPath() {
@@ -189,7 +169,7 @@ void Recorder::WriteStart() {
     json.Key("process").Number(std::int64_t{GetCurrentProcessId()});
     json.Key("program").Text(ProgramPath());
     json.Key("commandLine").Text(explain::ToUtf8(GetCommandLineW()));
-    json.Key("time").Text(LocalTime());
+    json.Key("time").Text(explain::LocalTimeText());
     json.Key("module").Text(GHOSTHAND_VERSION).EndObject();
     Write(json);
 }

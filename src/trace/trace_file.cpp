@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "engine/diagnostics.h"
+#include "explain/system_text.h"
 #include "explain/utf8.h"
 
 namespace trace {
@@ -37,17 +38,6 @@ HANDLE CreateNewFile(const std::wstring& folder) {
         }
     }
     return file;
-}
-
-std::string SystemText(DWORD error) {
-    wchar_t text[512] = L"";
-    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                                        error, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
-    std::wstring_view sentence(text, length);
-    while (!sentence.empty() && sentence.back() <= L' ') {
-        sentence.remove_suffix(1);
-    }
-    return sentence.empty() ? "error " + std::to_string(error) : explain::ToUtf8(sentence);
 }
 
 } // namespace
@@ -96,7 +86,7 @@ void TraceFile::GiveUp(DWORD error) noexcept {
     }
     try {
         const std::string text = "Ghosthand: no trace is written from here on, the script goes on. Folder " +
-                                 explain::ToUtf8(m_folder) + ": " + SystemText(error) + "\n";
+                                 explain::ToUtf8(m_folder) + ": " + explain::SystemText(error) + "\n";
         DWORD written = 0;
         WriteFile(GetStdHandle(STD_ERROR_HANDLE), text.data(), static_cast<DWORD>(text.size()), &written,
                   nullptr);
