@@ -155,7 +155,7 @@ std::wstring NameOf(ITypeInfo& type) {
     return TakeText(name);
 }
 
-std::wstring Quoted(std::wstring text) {
+std::wstring Quoted(const std::wstring& text) {
     return L"\"" + text + L"\"";
 }
 

@@ -48,7 +48,7 @@ struct Worker::Desk {
         }
         auto owned = std::make_unique<Reply>(std::move(reply));
         if (PostMessageW(receiver, message, 0, reinterpret_cast<LPARAM>(owned.get()))) {
-            owned.release(); // RunReply takes it
+            static_cast<void>(owned.release()); // RunReply takes it
         }
     }
 

@@ -9,8 +9,8 @@
 #include <shellapi.h>
 
 #include "explain/utf8.h"
-#include "report/report_file.h"
 #include "ghosthand/verbs.h"
+#include "report/report_file.h"
 #include "shared/console.h"
 
 namespace apps {

@@ -300,7 +300,7 @@ std::wstring FullPath(const std::wstring& path) {
 std::wstring NeighbourModule() {
     const std::filesystem::path folder = std::filesystem::path(OwnPath()).parent_path();
     for (const auto& place : {folder / L"ghosthand.dll", folder / L"..\\..\\src\\server\\ghosthand.dll"}) {
-        const std::wstring path = FullPath(place.wstring());
+        std::wstring path = FullPath(place.wstring());
         if (KindOfFile(path) != ModuleKind::Missing) {
             return path;
         }

@@ -44,7 +44,7 @@ std::wstring FolderName() {
 fs::path MakeFolder(const std::optional<fs::path>& asked) {
     std::error_code error;
     if (asked) {
-        const fs::path folder = fs::absolute(*asked);
+        fs::path folder = fs::absolute(*asked);
         fs::create_directories(folder, error);
         if (!fs::is_directory(folder, error)) {
             throw std::runtime_error("The folder " + report::PathText(folder) + " cannot be made.");
@@ -57,8 +57,7 @@ fs::path MakeFolder(const std::optional<fs::path>& asked) {
     }
     const std::wstring name = FolderName();
     for (int number = 1; number < 100; ++number) {
-        const fs::path folder =
-            fs::current_path() / (number == 1 ? name : name + L"-" + std::to_wstring(number));
+        fs::path folder = fs::current_path() / (number == 1 ? name : name + L"-" + std::to_wstring(number));
         if (fs::create_directory(folder, error)) {
             return folder;
         }

@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kPlaceOfTrace = "<!--{trace}-->";
-constexpr std::uintmax_t kMostPictureBytes = 64 * 1024 * 1024;
+constexpr std::uintmax_t kMostPictureBytes = 64u << 20;
 
 [[noreturn]] void Fail(const fs::path& path, std::string_view what) {
     throw std::runtime_error(PathText(path) + " " + std::string(what));
@@ -44,7 +44,7 @@ void ReadPieces(const fs::path& path, Take take) {
     if (!file) {
         Fail(path, "cannot be read.");
     }
-    std::vector<char> piece(3 * 64 * 1024);
+    std::vector<char> piece(3u << 16);
     while (file) {
         file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
         take(std::string_view(piece.data(), static_cast<std::size_t>(file.gcount())));

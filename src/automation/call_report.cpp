@@ -1,6 +1,6 @@
 #include "automation/call_report.h"
 
-#include <new>
+#include <exception>
 
 namespace automation {
 
@@ -56,24 +56,28 @@ void CallReport::Begin(const CallTarget& target, HWND window) noexcept {
         }
         m_listener->CallBegins({target.object, target.objectClass.name(), &target.interfaceId, target.member,
                                 window, std::move(values)});
-    } catch (const std::bad_alloc&) {
+    } catch (const std::exception&) {
         m_listener = nullptr;
     }
 }
 
-void CallReport::End(HRESULT result) noexcept {
+engine::diagnostics::CallResult CallReport::Read(HRESULT result) const {
     engine::diagnostics::CallResult ended = {result, {}, false, nullptr};
-    try {
-        if (SUCCEEDED(result)) {
-            for (const Argument& argument : m_arguments) {
-                argument.Read(ended);
-            }
-            m_result.Read(ended);
+    if (SUCCEEDED(result)) {
+        for (const Argument& argument : m_arguments) {
+            argument.Read(ended);
         }
-    } catch (const std::bad_alloc&) {
-        ended.value = {};
+        m_result.Read(ended);
     }
-    m_listener->CallEnds(ended);
+    return ended;
+}
+
+void CallReport::End(HRESULT result) noexcept {
+    try {
+        m_listener->CallEnds(Read(result));
+    } catch (const std::exception&) {
+        m_listener->CallEnds({result, {}, false, nullptr}); // no memory for the value
+    }
 }
 
 } // namespace automation

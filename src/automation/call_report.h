@@ -81,6 +81,7 @@ public:
 private:
     void Begin(const CallTarget& target, HWND window) noexcept;
     void End(HRESULT result) noexcept;
+    engine::diagnostics::CallResult Read(HRESULT result) const;
 
     engine::diagnostics::Listener* m_listener;
     Arguments m_arguments;

@@ -199,7 +199,7 @@ std::string TextOf(Flags flags, Language language) {
         // Without the & at its end, &H8000 to &HFFFF is a negative number of 16 bits.
         return Format(flags.value > 0x7FFF ? "&H%X&" : "&H%X", flags.value);
     }
-    const std::string number = Format("0x%X", flags.value);
+    std::string number = Format("0x%X", flags.value);
     if (flags.value <= 0x7FFFFFFF) {
         return number;
     }

@@ -22,7 +22,7 @@ struct FunctionReleaser {
 using Function = std::unique_ptr<FUNCDESC, FunctionReleaser>;
 
 std::string TakeText(BSTR text) {
-    const std::string result = explain::ToUtf8({text, SysStringLen(text)});
+    std::string result = explain::ToUtf8({text, SysStringLen(text)});
     SysFreeString(text);
     return result;
 }

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <cstddef>
 #include <exception>
-#include <new>
+#include <memory>
 #include <string>
 
 #include <windows.h>
@@ -38,7 +38,7 @@ void StartIfAsked() noexcept {
         if (folder.empty()) {
             return;
         }
-        auto* const started = new (recorderStorage) Recorder(folder);
+        Recorder* const started = std::construct_at(reinterpret_cast<Recorder*>(recorderStorage), folder);
         if (started->IsWriting()) {
             recorder = started;
             engine::diagnostics::SetListener(started);
