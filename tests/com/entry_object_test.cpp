@@ -113,7 +113,7 @@ TEST(ModuleImage, ExportsTheSharedUtilitiesUnderTheNamesOfEitherCompiler) {
     const HMODULE module = LoadLibraryW(support::BuiltModule::DefaultPath().c_str());
     ASSERT_NE(module, nullptr);
     std::vector<std::string> expected = {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer",
-                                         "DllUnregisterServer"};
+                                         "DllUnregisterServer", "ghosthand_remote_send"};
     const HWND owner = CreateWindowA("Static", "owner", WS_OVERLAPPEDWINDOW, 0, 0, 90, 90, nullptr, nullptr,
                                      nullptr, nullptr);
     const HWND dialog = CreateWindowExA(WS_EX_DLGMODALFRAME, "#32770", "dialog", WS_POPUP | WS_VISIBLE, 0, 0,
