@@ -10,6 +10,7 @@
 
 #include "com/driven_host.h"
 #include "com/late_bound.h"
+#include "support/job.h"
 
 namespace {
 
@@ -80,7 +81,13 @@ private:
     DWORD m_exitCode = STILL_ACTIVE;
 };
 
-class DISABLED_Client : public support::DrivenHost {};
+class DISABLED_Client : public support::DrivenHost {
+protected:
+    static void SetUpTestSuite() {
+        support::EndChildrenWithThisProcess();
+        DrivenHost::SetUpTestSuite();
+    }
+};
 
 TEST_F(DISABLED_Client, CallsInBothWays) {
     const auto window = MainWindow();
