@@ -181,6 +181,13 @@ bool WindowTests::HasWantedClass(HWND window) const noexcept {
     return HasWantedText(text, m_criteria.className, Has(kClassContains));
 }
 
+bool IsSameSearch(const WindowCriteria& one, const WindowCriteria& other) noexcept {
+    return one.parent == other.parent && one.flags == other.flags && one.controlId == other.controlId &&
+           one.style == other.style && one.customTest == other.customTest &&
+           std::strcmp(one.caption, other.caption) == 0 && std::strcmp(one.className, other.className) == 0 &&
+           std::strcmp(one.moduleName, other.moduleName) == 0;
+}
+
 bool Search(WindowCriteria& criteria) {
     SearchRun run(criteria);
     run.Enumerate();

@@ -89,6 +89,9 @@ private:
     ProgramNames m_programs;
 };
 
+// Whether two searches look for the same, whatever each has found.
+bool IsSameSearch(const WindowCriteria& one, const WindowCriteria& other) noexcept;
+
 // Looks through the descendants of the parent, then, if there was no match, through the top-level windows
 // (an owned popup counts as a child of its owner). True when a window was found: `result`.
 bool Search(WindowCriteria& criteria);

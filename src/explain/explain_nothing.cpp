@@ -78,18 +78,12 @@ std::string WantedBy(std::span<const WindowCriteria> searches) {
     return wanted;
 }
 
-bool IsSame(const WindowCriteria& one, const WindowCriteria& other) {
-    return one.flags == other.flags && one.parent == other.parent && one.controlId == other.controlId &&
-           one.customTest == other.customTest && std::string_view(one.className) == other.className &&
-           std::string_view(one.caption) == other.caption &&
-           std::string_view(one.moduleName) == other.moduleName;
-}
-
 // A wait repeats its searches.
 std::vector<WindowCriteria> WithoutRepetitions(std::span<const WindowCriteria> searches) {
     std::vector<WindowCriteria> once;
     for (const WindowCriteria& search : searches) {
-        if (std::ranges::none_of(once, [&](const WindowCriteria& known) { return IsSame(known, search); })) {
+        if (std::ranges::none_of(
+                once, [&](const WindowCriteria& known) { return engine::IsSameSearch(known, search); })) {
             once.push_back(search);
         }
     }

@@ -72,10 +72,11 @@ Miss ItemMiss(std::string name, std::string reason) {
 
 using RectangleOf = std::function<RECT(std::size_t index)>; // in client coordinates
 
-// The items whose texts come nearest.
-void AddNearest(Explanation& explanation, const FailedCall& call, const std::string& wanted,
-                const std::vector<std::string>& texts, TextTest test, const RectangleOf& rectangleOf) {
-    for (const std::size_t index : NearestTexts(wanted, texts, test, kMostMisses)) {
+// The items whose texts come nearest. Gives the index of the nearest; `texts` must not be empty.
+std::size_t AddNearest(Explanation& explanation, const FailedCall& call, const std::string& wanted,
+                       const std::vector<std::string>& texts, TextTest test, const RectangleOf& rectangleOf) {
+    const auto nearest = NearestTexts(wanted, texts, test, kMostMisses);
+    for (const std::size_t index : nearest) {
         const bool passes = Compare(wanted, texts[index], test).difference == TextDifference::None;
         Miss& miss = explanation.misses.emplace_back(
             ItemMiss("item " + Quoted(texts[index]),
@@ -84,6 +85,7 @@ void AddNearest(Explanation& explanation, const FailedCall& call, const std::str
             miss.rectangle = OnScreen(call.window, rectangleOf(index));
         }
     }
+    return nearest.front();
 }
 
 std::string CountReason(HWND window, int count, int first, std::int64_t wanted) {
@@ -193,11 +195,11 @@ Explanation ExplainPath(const FailedCall& call, const TreeWalk<Item>& tree, cons
             return explanation;
         }
     }
-    AddNearest(explanation, call, token, last.siblings.texts, TextTest::Equal, [&](std::size_t index) {
-        return tree.rectangle ? tree.rectangle(last.siblings.items[index]) : RECT{};
-    });
-    const auto nearest = NearestTexts(token, last.siblings.texts, TextTest::Equal, 1);
-    tokens[last.place] = last.siblings.texts[nearest.front()];
+    const std::size_t nearest =
+        AddNearest(explanation, call, token, last.siblings.texts, TextTest::Equal, [&](std::size_t index) {
+            return tree.rectangle ? tree.rectangle(last.siblings.items[index]) : RECT{};
+        });
+    tokens[last.place] = last.siblings.texts[nearest];
     // The rest of the path must lead on from there.
     if (Follow(tree, tokens, patience).place == tokens.size()) {
         explanation.line = LineWith(call, 0, Joined(tokens));
@@ -307,10 +309,10 @@ Explanation ExplainList(const FailedCall& call, ULONGLONG end, const List& list,
         explanation.reason = NameOf(call.window) + " has no items";
         return explanation;
     }
-    AddNearest(explanation, call, wanted, texts, TextTest::BeginsWith, rectangleOf);
-    const auto nearest = NearestTexts(wanted, texts, TextTest::BeginsWith, 1);
-    if (!texts[nearest.front()].empty()) {
-        explanation.line = LineWith(call, 0, texts[nearest.front()]);
+    const std::size_t nearest =
+        AddNearest(explanation, call, wanted, texts, TextTest::BeginsWith, rectangleOf);
+    if (!texts[nearest].empty()) {
+        explanation.line = LineWith(call, 0, texts[nearest]);
     }
     return explanation;
 }

@@ -30,6 +30,7 @@ class MemberFactsTable {
 public:
     // `member` is the name in C++: that of a property begins with "get_" or "put_". Parameters are missing
     // where the type library cannot be read.
+    // The facts stay valid with the table.
     const MemberFacts& Of(const GUID& interfaceId, const char* member);
 
 private:

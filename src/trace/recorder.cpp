@@ -112,14 +112,6 @@ void WriteRectangle(JsonWriter& json, const RECT& rectangle) {
     json.EndArray();
 }
 
-bool IsSameSearch(const engine::WindowCriteria& one, const engine::WindowCriteria& other) {
-    return one.parent == other.parent && one.flags == other.flags && one.controlId == other.controlId &&
-           one.style == other.style && one.customTest == other.customTest &&
-           std::string_view(one.caption) == other.caption &&
-           std::string_view(one.className) == other.className &&
-           std::string_view(one.moduleName) == other.moduleName;
-}
-
 // A member that answers a question may well answer False; one that does something has not done it.
 bool HasFailed(const MemberFacts& member, const CallResult& result) {
     const auto* flag = std::get_if<bool>(&result.value);
@@ -197,7 +189,7 @@ void Recorder::CallBegins(const Call& call) noexcept {
                                : known == m_objects.end() ? Reached{className, {}}
                                                           : known->second;
         const std::string text = CallText(object.text, call, member);
-        OpenCall open = {++m_calls, className, object, text, member, {}, call.window, {}};
+        OpenCall open = {++m_calls, className, object, text, &member, {}, call.window, {}};
         JsonWriter json;
         BeginEvent(json, "call").Key("call").Number(std::int64_t{open.number});
         json.Key("thread").Number(std::int64_t{GetCurrentThreadId()}).Key("object").Text(object.text);
@@ -224,7 +216,7 @@ void Recorder::CallEnds(const CallResult& result) noexcept {
         }
         const OpenCall call = std::move(state.calls.back());
         state.calls.pop_back();
-        const bool failed = HasFailed(call.member, result);
+        const bool failed = HasFailed(*call.member, result);
         const std::string resultText = ResultText(call, result);
         if (result.object != nullptr) {
             m_objects[result.object] = ReachedBy(call);
@@ -247,7 +239,7 @@ Recorder::Reached Recorder::ReachedBy(const OpenCall& call) const {
     Reached reached = {call.text, {}};
     if (call.className == "Ghosthand" || !call.object.call.empty()) {
         reached.call = call.object.call;
-        reached.call.push_back({call.member.name, call.arguments});
+        reached.call.push_back({call.member->name, call.arguments});
     }
     return reached;
 }
@@ -262,7 +254,7 @@ std::string Recorder::ResultText(const OpenCall& call, const CallResult& result)
     if (result.object == nullptr) {
         return "Nothing";
     }
-    return call.member.resultClass.empty() ? "an object" : call.member.resultClass;
+    return call.member->resultClass.empty() ? "an object" : call.member->resultClass;
 }
 
 void Recorder::WriteSearches(const OpenCall& call) {
@@ -299,7 +291,7 @@ void Recorder::Explain(std::unique_lock<std::mutex>& lock, ThreadState& state, c
             desktop = SaveDesktopPicture(m_file.Folder() + L"\\" + explain::ToUtf16(picture));
         }
         explanation = explain::ExplainNothing(
-            {call.member.name, call.className, call.window, call.arguments, searches, call.object.call});
+            {call.member->name, call.className, call.window, call.arguments, searches, call.object.call});
     } catch (const std::exception&) {
         explanation = {};
     }
@@ -384,8 +376,9 @@ void Recorder::Searched(const engine::WindowCriteria& criteria, int windows) noe
             return;
         }
         std::vector<RepeatedSearch>& searches = state.calls.back().searches;
-        auto same = std::ranges::find_if(
-            searches, [&](const RepeatedSearch& search) { return IsSameSearch(search.criteria, criteria); });
+        auto same = std::ranges::find_if(searches, [&](const RepeatedSearch& search) {
+            return engine::IsSameSearch(search.criteria, criteria);
+        });
         if (same == searches.end()) {
             same = searches.insert(searches.end(), RepeatedSearch());
         }

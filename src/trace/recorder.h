@@ -51,8 +51,8 @@ private:
         int number;
         std::string className;
         Reached object;
-        std::string text; // in VBScript
-        MemberFacts member;
+        std::string text;                         // in VBScript
+        const MemberFacts* member;                // of the table
         std::vector<explain::Argument> arguments; // without those that are left to their defaults
         HWND window;
         std::vector<RepeatedSearch> searches;
