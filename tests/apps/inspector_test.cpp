@@ -311,17 +311,24 @@ TEST_F(Inspector, PicksWhatTheCrossIsDroppedOn) {
         input.type = INPUT_MOUSE;
         input.mi.dwFlags = flags;
         SendInput(1, &input, sizeof input);
-        Sleep(100);
     };
     SetForegroundWindow(m_handle);
     SetCursorPos(cross.left + 20, cross.top + 20);
     send(MOUSEEVENTF_LEFTDOWN);
+    // A busy machine: the mouse must not leave the cross before it has taken the press.
+    ASSERT_TRUE(Eventually([&] {
+        GUITHREADINFO input{};
+        input.cbSize = sizeof input;
+        return GetGUIThreadInfo(GetWindowThreadProcessId(m_handle, nullptr), &input) != FALSE &&
+               input.hwndCapture == GetDlgItem(m_handle, ids::kCrosshair);
+    })) << "the cross was not taken up";
     for (const int step : {8, 20, 30}) {
         SetCursorPos(area.left + step, area.top + step);
         send(MOUSEEVENTF_MOVE);
+        Sleep(100);
     }
     send(MOUSEEVENTF_LEFTUP);
-    EXPECT_THAT(WaitForText(ids::kName, HasSubstr("SampleHostGrid")), StartsWith("grid cell '"));
+    ASSERT_THAT(WaitForText(ids::kName, HasSubstr("SampleHostGrid")), StartsWith("grid cell '"));
     EXPECT_THAT(WaitForText(ids::kCall, HasSubstr("GetText")), HasSubstr(".GXGrid(1103"));
     EXPECT_THAT(Text(ids::kVerdict), StartsWith("Grid cell of a GXGrid, found"));
     EXPECT_EQ(Ask(*Ask(*Tree(), L"SelectedItem").Object(), L"Text").Text().substr(0, 14), L"SampleHostGrid");
