@@ -103,6 +103,9 @@ namespace message_name {
 constexpr char kSync[] = "MSG_GH_SYNC";
 // Sent to a window of the host, wParam 0, lParam 0; the work is done by a hook, the host ignores it.
 constexpr char kSendRemotely[] = "MSG_GH_SEND_REMOTELY";
+// Sent to a control, wParam a small number, lParam 0; handled by a hook, which walks over the control's
+// items.
+constexpr char kWalk[] = "MSG_GH_WALK";
 // Sent to a window, wParam = (state byte << 8) | virtual key, lParam 0; handled by a hook.
 constexpr char kSetKeyState[] = "MSG_GH_SET_KEY_STATE";
 // Sent to the main window, wParam 0, lParam 0; handled by a hook.

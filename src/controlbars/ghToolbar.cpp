@@ -9,25 +9,38 @@
 #include "engine/window_relations.h"
 #include "hostlink/host_classes.h"
 #include "hostlink/registered_messages.h"
+#include "hostlink/walk.h"
 #include "hostlink/window_kind.h"
 #include "input/mouse.h"
 
 namespace {
 
-// A window that claims more buttons than there are commands is not believed: to read them all would take hours.
+// A window that claims more buttons than there are commands is not believed: to read them all would take
+// hours.
 constexpr int kMostButtons = 0x10000;
 
-// The first button that is no separator and passes the test; -1 if there is none.
+constexpr int kNearButtons = 2; // the count and the first button
+
+int CountButtons(HWND toolbar) noexcept {
+    return static_cast<int>(SendMessageA(toolbar, TB_BUTTONCOUNT, 0, 0));
+}
+
+// `test(button)` tells whether it is the one that is looked for.
 template <class Test>
-int FindButton(const ghToolbar& toolbar, Test test) {
-    const int count = toolbar.ItemsCount();
-    for (int index = 0; index < count && count <= kMostButtons; ++index) {
-        const auto button = controlbars::ReadButton(toolbar.Host(), index);
+bool StepToButton(const hostlink::HostWindow& toolbar, controlbars::ButtonPosition& position, Test test) {
+    if (position.index < 0) {
+        const int count = CountButtons(toolbar.window);
+        position.count = count <= kMostButtons ? count : 0;
+        position.index = 0;
+    } else {
+        const auto button = controlbars::ReadButton(toolbar, position.index);
         if (button && (button->style & BTNS_SEP) == 0 && test(*button)) {
-            return index;
+            position.found = position.index;
+        } else {
+            ++position.index;
         }
     }
-    return ghToolbarButton::kNoIndex;
+    return position.found < 0 && position.index < position.count;
 }
 
 } // namespace
@@ -43,18 +56,20 @@ std::unique_ptr<ghControlBarItem> ghToolbar::GetItemByID(const std::string& capt
 }
 
 int ghToolbar::FindIndex(const std::string& caption, int id) const {
-    using controlbars::ButtonRecord;
-    int index = ghToolbarButton::kNoIndex;
+    using controlbars::ButtonPosition;
     if (id != 0) {
-        index = FindButton(*this, [&](const ButtonRecord& button) { return button.command == id; });
+        ButtonPosition position = {.id = id};
+        hostlink::Walk<ButtonPosition, controlbars::StepToId>(Host(), {}, position, kNearButtons);
+        if (position.found >= 0) {
+            return position.found;
+        }
     }
-    if (index == ghToolbarButton::kNoIndex && !caption.empty()) {
-        index = FindButton(*this, [&](const ButtonRecord& button) {
-            const auto text = controlbars::ReadButtonText(Host(), button);
-            return text && engine::StartsWith(*text, caption);
-        });
+    if (caption.empty()) {
+        return ghToolbarButton::kNoIndex;
     }
-    return index;
+    ButtonPosition position;
+    hostlink::Walk<ButtonPosition, controlbars::StepToCaption>(Host(), caption, position, kNearButtons);
+    return position.found;
 }
 
 std::unique_ptr<ghControlBarItem> ghToolbar::GetItem(int index) const {
@@ -75,7 +90,7 @@ std::unique_ptr<ghControlBarItem> ghToolbar::GetItem(int index) const {
 }
 
 int ghToolbar::ItemsCount() const {
-    return static_cast<int>(SendMessageA(Window(), TB_BUTTONCOUNT, 0, 0));
+    return CountButtons(Window());
 }
 
 void ghToolbar::CloseMenu() {
@@ -85,6 +100,18 @@ void ghToolbar::CloseMenu() {
 }
 
 namespace controlbars {
+
+bool StepToId(const hostlink::HostWindow& toolbar, std::string_view, ButtonPosition& position) {
+    return StepToButton(toolbar, position,
+                        [&](const ButtonRecord& button) { return button.command == position.id; });
+}
+
+bool StepToCaption(const hostlink::HostWindow& toolbar, std::string_view caption, ButtonPosition& position) {
+    return StepToButton(toolbar, position, [&](const ButtonRecord& button) {
+        const auto text = ReadButtonText(toolbar, button);
+        return text && engine::StartsWith(*text, caption);
+    });
+}
 
 HWND FindToolbar(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags) {
     for (const std::string_view className :

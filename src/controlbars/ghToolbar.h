@@ -24,6 +24,16 @@ private:
 
 namespace controlbars {
 
+// The walks over a tool bar's buttons that are no separators, and where they stand.
+struct ButtonPosition {
+    std::int32_t id = 0;
+    std::int32_t index = -1; // -1: the walk has not begun
+    std::int32_t count = 0;
+    std::int32_t found = -1;
+};
+bool StepToId(const hostlink::HostWindow& toolbar, std::string_view, ButtonPosition& position);
+bool StepToCaption(const hostlink::HostWindow& toolbar, std::string_view caption, ButtonPosition& position);
+
 // A toolbar of the system before one of the host's own kinds; null if there is none. `caption` is tested by
 // containment unless it is empty, an id below 1 means any, `flags` are engine::SearchFlag bits.
 HWND FindToolbar(HWND from, std::string_view caption, std::int64_t id, std::uint32_t flags);

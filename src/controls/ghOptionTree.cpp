@@ -1,12 +1,11 @@
 #include "controls/ghOptionTree.h"
 
-#include <unordered_set>
-
 #include "controls/host_text_request.h"
 #include "engine/path_tokens.h"
 #include "ghosthand/host_contract.h"
 #include "hostlink/registered_messages.h"
 #include "hostlink/remote_send.h"
+#include "hostlink/walk.h"
 
 namespace option_tree = ghosthand::host_contract::option_tree;
 
@@ -16,18 +15,41 @@ ghOptionTree ghOptionTree::RootItem() const {
 }
 
 ghOptionTree ghOptionTree::ItemByPath(const std::string& path) const {
-    const auto labels = engine::PathTokens(path, engine::kOptionTreePath);
-    if (!labels) {
-        return Item(0);
+    constexpr int kNearItems = 2; // the root's first child and its label
+    PathPosition position;
+    if (path.size() <= engine::kOptionTreePath.longest) {
+        hostlink::Walk<PathPosition, StepAlongPath>(Host(), path, position, kNearItems);
     }
-    ghOptionTree item = RootItem().ChildItem();
-    for (std::size_t depth = 0; depth < labels->size(); ++depth) {
-        if (depth > 0) {
-            item = item.ChildItem();
+    return Item(static_cast<LRESULT>(position.item));
+}
+
+bool ghOptionTree::StepAlongPath(const hostlink::HostWindow& control, std::string_view path,
+                                 PathPosition& position) {
+    const ghOptionTree tree(control.window);
+    const ghOptionTree item = tree.Item(static_cast<LRESULT>(position.item));
+    std::size_t behind = position.token;
+    const std::string_view label = engine::NextPathToken(path, engine::kOptionTreePath, behind);
+    if (position.hasBegun == 0) {
+        position.hasBegun = 1;
+        position.item = tree.RootItem().ChildItem().m_item;
+    } else if (item.Label() == label) {
+        std::size_t end = behind;
+        if (engine::NextPathToken(path, engine::kOptionTreePath, end).empty()) {
+            return false;
         }
-        item = item.SiblingWithLabel((*labels)[depth]);
+        position = {
+            .item = item.ChildItem().m_item, .token = static_cast<std::uint32_t>(behind), .hasBegun = 1};
+    } else if (position.item == position.mark) {
+        position.item = 0; // a host that answers nonsense has led in a circle
+    } else {
+        if (--position.untilMark == 0) {
+            position.mark = position.item;
+            position.stride *= 2;
+            position.untilMark = position.stride;
+        }
+        position.item = item.SiblingItem().m_item;
     }
-    return item;
+    return position.item != 0 && !label.empty();
 }
 
 ghOptionTree ghOptionTree::ChildItem() const {
@@ -75,17 +97,6 @@ bool ghOptionTree::IsReadOnly() const noexcept {
 ghOptionTree ghOptionTree::Item(LRESULT identifier) const {
     ghOptionTree item = *this;
     item.m_item = static_cast<std::uint64_t>(identifier);
-    return item;
-}
-
-// This item or the first one behind it with that label.
-ghOptionTree ghOptionTree::SiblingWithLabel(const std::string& label) const {
-    // A host that answers nonsense can lead in a circle.
-    std::unordered_set<std::uint64_t> seen;
-    ghOptionTree item = *this;
-    while (item.IsValidItem() && item.Label() != label) {
-        item = seen.insert(item.m_item).second ? item.SiblingItem() : Item(0);
-    }
     return item;
 }
 

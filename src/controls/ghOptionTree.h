@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "engine/ghBaseWindow.h"
 
@@ -35,9 +36,20 @@ public:
     void SetChecked(bool checked) const;
     bool IsReadOnly() const noexcept;
 
+    // The walk along a path and where it stands; the item at which it ends is the one found.
+    struct PathPosition {
+        std::uint64_t item = 0;
+        std::uint64_t mark = 0;      // one of the siblings that were passed
+        std::uint32_t untilMark = 1; // so many siblings further the mark moves up,
+        std::uint32_t stride = 1;    // each time from twice as far
+        std::uint32_t token = 0;     // where in the path the item's label is looked for
+        std::uint32_t hasBegun = 0;
+    };
+    static bool StepAlongPath(const hostlink::HostWindow& control, std::string_view path,
+                              PathPosition& position);
+
 private:
     ghOptionTree Item(LRESULT identifier) const;
-    ghOptionTree SiblingWithLabel(const std::string& label) const;
     LRESULT Ask(std::uint32_t request) const noexcept;
     std::string RequestText(std::uint32_t request) const;
 

@@ -1,6 +1,7 @@
 #include "controls/ghTreeControl.h"
 
 #include <functional>
+#include <string_view>
 
 #include "controlbars/context_menu.h"
 #include "controls/ghTreeItem.h"
@@ -15,18 +16,19 @@ namespace {
 // nothing is done at all.
 using FindItem = std::function<HTREEITEM()>;
 
-FindItem FinderByNumbers(const ghTreeControl& tree, const std::string& path) {
-    const auto tokens = engine::PathTokens(path, engine::kTreeNumberPath);
-    return !tokens ? FindItem() : [&tree, isEmpty = path.empty(), tokens = *tokens] {
-        return isEmpty ? nullptr : controls::FindByNumbers(tree.Window(), tokens);
+FindItem Finder(const ghTreeControl& tree, const std::string& path, const engine::PathKind& kind,
+                HTREEITEM (*find)(const hostlink::HostWindow& tree, std::string_view path)) {
+    return path.size() > kind.longest ? FindItem() : [&tree, path, find] {
+        return path.empty() ? nullptr : find(tree.Host(), path);
     };
 }
 
+FindItem FinderByNumbers(const ghTreeControl& tree, const std::string& path) {
+    return Finder(tree, path, engine::kTreeNumberPath, controls::FindByNumbers);
+}
+
 FindItem FinderByNames(const ghTreeControl& tree, const std::string& path) {
-    const auto tokens = engine::PathTokens(path, engine::kTreeNamePath);
-    return !tokens ? FindItem() : [&tree, isEmpty = path.empty(), tokens = *tokens] {
-        return isEmpty ? nullptr : controls::FindByNames(tree.Host(), tokens);
-    };
+    return Finder(tree, path, engine::kTreeNamePath, controls::FindByNames);
 }
 
 std::unique_ptr<ghTreeItem> MakeFound(const ghTreeControl& tree, HTREEITEM item) {
@@ -76,7 +78,7 @@ std::unique_ptr<ghTreeItem> ghTreeControl::ItemByNumPath(const std::string& path
 }
 
 std::unique_ptr<ghTreeItem> ghTreeControl::ItemByNum(int number) const {
-    return MakeFound(*this, controls::FindByRunningNumber(Window(), number));
+    return MakeFound(*this, controls::FindByRunningNumber(Host(), number));
 }
 
 std::unique_ptr<ghTreeItem> ghTreeControl::ItemByPath(const std::string& path) const {
@@ -92,7 +94,7 @@ bool ghTreeControl::SelectItem(const std::string& path) const {
 }
 
 bool ghTreeControl::SelectItemByNum(int number) const {
-    return SelectFound(*this, [&] { return controls::FindByRunningNumber(Window(), number); });
+    return SelectFound(*this, [&] { return controls::FindByRunningNumber(Host(), number); });
 }
 
 bool ghTreeControl::SelectItemByPath(const std::string& path) const {

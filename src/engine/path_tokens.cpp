@@ -11,13 +11,18 @@ std::optional<std::vector<std::string>> PathTokens(std::string_view path, const 
     if (path.size() > kind.longest)
         return {};
     std::vector<std::string> tokens;
-    std::size_t begin = path.find_first_not_of(kind.separators);
-    while (begin != std::string_view::npos) {
-        const std::size_t end = path.find_first_of(kind.separators, begin);
-        tokens.emplace_back(path.substr(begin, end - begin));
-        begin = path.find_first_not_of(kind.separators, end);
-    }
+    std::size_t at = 0;
+    for (auto token = NextPathToken(path, kind, at); !token.empty(); token = NextPathToken(path, kind, at))
+        tokens.emplace_back(token);
     return tokens;
+}
+
+std::string_view NextPathToken(std::string_view path, const PathKind& kind, std::size_t& at) noexcept {
+    const std::size_t begin = path.find_first_not_of(kind.separators, at);
+    if (begin == std::string_view::npos)
+        return {};
+    at = std::min(path.find_first_of(kind.separators, begin), path.size());
+    return path.substr(begin, at - begin);
 }
 
 int PathNumber(std::string_view token) noexcept {

@@ -1,8 +1,8 @@
 #include "hostlink/exchange_seal.h"
 
 #include <cstring>
-#include <span>
 
+#include "hostlink/digest.h"
 #include "hostlink/shared_variable.h"
 
 namespace hostlink {
@@ -15,30 +15,6 @@ struct Seal {
     std::uint32_t padding;
 };
 GHOSTHAND_SHARED_VARIABLE constinit Seal seal = {0, 0, 0};
-
-// Not against forgery, which a shared section cannot prevent, but against what is written at random or by
-// another script.
-class Digest {
-public:
-    void Add(std::uint64_t value) noexcept {
-        constexpr std::uint64_t kOddMultiplier = 0x9E3779B97F4A7C15;
-        m_value = (m_value ^ value) * kOddMultiplier;
-        m_value ^= m_value >> 29;
-    }
-    void Add(std::span<const char> bytes) noexcept {
-        for (std::size_t offset = 0; offset + sizeof(std::uint64_t) <= bytes.size();
-             offset += sizeof(std::uint64_t)) {
-            std::uint64_t value = 0;
-            std::memcpy(&value, bytes.data() + offset, sizeof value);
-            Add(value);
-        }
-    }
-    std::uint64_t Value() const noexcept { return m_value; }
-
-private:
-    std::uint64_t m_value = 1;
-};
-static_assert(kRemoteDataSize % sizeof(std::uint64_t) == 0 && kRemoteStringSize % sizeof(std::uint64_t) == 0);
 
 std::uint64_t DigestOf(const Request& request) noexcept {
     Digest digest;
@@ -54,6 +30,15 @@ std::uint64_t DigestOf(const Request& request) noexcept {
 }
 
 } // namespace
+
+Request::Request(HWND window, UINT messageToSend, WPARAM parameter,
+                 std::span<const std::byte> parameterBlock) noexcept
+    : target(window), message(messageToSend), wParam(parameter), stringOffset(0), hasText(false), text{} {
+    std::memset(block, 0, sizeof block);
+    if (!parameterBlock.empty()) {
+        std::memcpy(block, parameterBlock.data(), parameterBlock.size());
+    }
+}
 
 Request::Request(bool hasTextToo) noexcept
     : target(ToWindow(shared.remoteTarget)), message(shared.remoteMsg),

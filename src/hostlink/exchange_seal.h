@@ -4,7 +4,9 @@
 // into each other's way. The hook sends only what the seal vouches for.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include <windows.h>
 
@@ -12,9 +14,12 @@
 
 namespace hostlink {
 
-// A request as it stood in the shared section. A copy: what is checked is what is sent, and nobody can change
-// it while the host reads it.
+// What is to be sent in the control's own thread, with the memory that its parameters point at.
 struct Request {
+    // A request of that thread's own, without a text. `block` has at most kRemoteDataSize bytes.
+    Request(HWND target, UINT message, WPARAM wParam, std::span<const std::byte> block) noexcept;
+    // The request as it stood in the shared section. A copy: what is checked is what is sent, and nobody can
+    // change it while the host reads it.
     explicit Request(bool hasText) noexcept;
 
     HWND target;

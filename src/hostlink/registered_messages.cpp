@@ -52,6 +52,14 @@ UINT SetKeyStateMessage() noexcept {
     return RegisterOnFirstUse(shared.setKeyStateMsg, ownSetKeyStateMessage, names::kSetKeyState);
 }
 
+UINT WalkMessage() noexcept {
+    static UINT own = 0;
+    if (own == 0) {
+        own = RegisterWindowMessageA(names::kWalk);
+    }
+    return own;
+}
+
 UINT AwaitedSendRemotelyMessage() noexcept {
     return RegisteredOrNone(shared.sendRemotelyMsg);
 }

@@ -24,6 +24,9 @@ extern const UINT BCGTOOLBAR_SET_CUSTOMIZE_MODE;
 UINT SendRemotelyMessage() noexcept;
 UINT SetKeyStateMessage() noexcept;
 
+// Registered on first use by either side for itself. 0 if the system refused the registration.
+UINT WalkMessage() noexcept;
+
 // For the hook procedures: what stands in the shared section, 0 if that is no registered message. Any
 // process can write there, and the number of a message of the system would be taken for the signal.
 UINT AwaitedSendRemotelyMessage() noexcept;

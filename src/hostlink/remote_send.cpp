@@ -31,27 +31,37 @@ bool MayBeSent(UINT message) noexcept {
     return message >= WM_USER && message != AwaitedSendRemotelyMessage();
 }
 
-// The host gets a copy of the block, not the shared one: what another process writes meanwhile would lead it
-// astray. What it left there is published.
-void SendRequest(Request& request) noexcept {
-    shared.remoteResult = SendMessageA(request.target, request.message, request.wParam,
-                                       reinterpret_cast<LPARAM>(request.block));
-    std::memcpy(shared.remoteData, request.block, sizeof request.block);
+LRESULT SendRequest(Request& request) noexcept {
+    return SendMessageA(request.target, request.message, request.wParam,
+                        reinterpret_cast<LPARAM>(request.block));
 }
 
 // Puts the descriptor of the text into the block, sends, and fetches the text that the host has put in place
 // of it.
-void SendRequestWithString(Request& request) noexcept {
+LRESULT SendRequestWithString(Request& request) noexcept {
     request.text[kRemoteStringSize - 1] = '\0';
     const StringDescriptor descriptor = {FromHandle(request.text), kRemoteStringSize};
     std::memcpy(request.block + request.stringOffset, &descriptor, kDescriptorSize);
-    SendRequest(request);
+    const LRESULT result = SendRequest(request);
     StringDescriptor answered = {};
     std::memcpy(&answered, request.block + request.stringOffset, kDescriptorSize);
     if (answered.text != descriptor.text) {
         CopyHostText(answered.text, request.text);
     }
     request.text[kRemoteStringSize - 1] = '\0';
+    return result;
+}
+
+// The host gets a copy of the block, not the shared one: what another process writes meanwhile would lead it
+// astray. What it left there is published.
+void SendPublished(Request& request) noexcept {
+    shared.remoteResult = SendRequest(request);
+    std::memcpy(shared.remoteData, request.block, sizeof request.block);
+}
+
+void SendPublishedWithString(Request& request) noexcept {
+    shared.remoteResult = SendRequestWithString(request);
+    std::memcpy(shared.remoteData, request.block, sizeof request.block);
     std::memcpy(shared.remoteString, request.text, sizeof request.text);
 }
 
@@ -73,11 +83,11 @@ LRESULT OnCall(int code, WPARAM wParam, LPARAM lParam, bool hasText, void (*send
 }
 
 LRESULT CALLBACK RemoteSendProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    return OnCall(code, wParam, lParam, false, SendRequest);
+    return OnCall(code, wParam, lParam, false, SendPublished);
 }
 
 LRESULT CALLBACK RemoteSendWithStringProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    return OnCall(code, wParam, lParam, true, SendRequestWithString);
+    return OnCall(code, wParam, lParam, true, SendPublishedWithString);
 }
 
 // Publishes the request. Everything is cleared first, so that a failure never shows the data of the
@@ -105,26 +115,60 @@ std::optional<LRESULT> Exchange(const HostWindow& target, HOOKPROC procedure, bo
     return IsSealBroken() ? std::optional(static_cast<LRESULT>(shared.remoteResult)) : std::nullopt;
 }
 
-void CopyBack(std::span<std::byte> block) noexcept {
+void CopyBack(const char (&left)[kRemoteDataSize], std::span<std::byte> block) noexcept {
     if (!block.empty()) {
-        std::memcpy(block.data(), shared.remoteData, block.size());
+        std::memcpy(block.data(), left, block.size());
     }
+}
+
+// In the window's own thread there is nothing to carry.
+bool IsOwnThread(const HostWindow& target) noexcept {
+    return target.threadId == GetCurrentThreadId();
+}
+
+std::optional<LRESULT> SendHere(HWND window, UINT message, WPARAM wParam,
+                                std::span<std::byte> block) noexcept {
+    if (!MayBeSent(message) || IsWindow(window) == FALSE) {
+        return std::nullopt;
+    }
+    Request request(window, message, wParam, block);
+    const LRESULT result = SendRequest(request);
+    CopyBack(request.block, block);
+    return result;
+}
+
+LRESULT SendHereWithString(HWND window, UINT message, WPARAM wParam, std::span<std::byte> block,
+                           std::size_t stringOffset, std::string& text) {
+    if (!MayBeSent(message) || IsWindow(window) == FALSE) {
+        text.clear();
+        return 0;
+    }
+    Request request(window, message, wParam, block);
+    request.stringOffset = stringOffset;
+    std::memcpy(request.text, text.data(), CutLength(text, kRemoteStringSize - 1));
+    const LRESULT result = SendRequestWithString(request);
+    CopyBack(request.block, block);
+    text = request.text;
+    return result;
 }
 
 } // namespace
 
 std::optional<LRESULT> TryRemoteSend(const HostWindow& target, UINT message, WPARAM wParam,
                                      std::span<std::byte> block) {
-    if (SendsThroughModule()) {
-        return ModuleRemoteSend(target, message, wParam, block);
-    }
     if (block.size() > kRemoteDataSize) {
         return std::nullopt;
+    }
+    if (IsOwnThread(target)) {
+        return SendHere(target.window, message, wParam, block);
+    }
+    if (SendsThroughModule()) {
+        return ModuleRemoteSend(target, message, wParam, block);
     }
     PublishRequest(target.window, message, wParam, block);
     const auto result = Exchange(target, RemoteSendProcedure, false);
     if (result) {
-        CopyBack(block);
+        CopyBack(shared.remoteData, block);
     }
     return result;
 }
@@ -135,12 +179,15 @@ LRESULT RemoteSend(const HostWindow& target, UINT message, WPARAM wParam, std::s
 
 LRESULT RemoteSendWithString(const HostWindow& target, UINT message, WPARAM wParam,
                              std::span<std::byte> block, std::size_t stringOffset, std::string& text) {
-    if (SendsThroughModule()) {
-        return ModuleRemoteSendWithString(target, message, wParam, block, stringOffset, text);
-    }
     if (block.size() > kRemoteDataSize || !HasRoomForDescriptor(stringOffset)) {
         text.clear();
         return 0;
+    }
+    if (IsOwnThread(target)) {
+        return SendHereWithString(target.window, message, wParam, block, stringOffset, text);
+    }
+    if (SendsThroughModule()) {
+        return ModuleRemoteSendWithString(target, message, wParam, block, stringOffset, text);
     }
     PublishRequest(target.window, message, wParam, block);
     shared.remoteStringOffset = stringOffset;
@@ -150,7 +197,7 @@ LRESULT RemoteSendWithString(const HostWindow& target, UINT message, WPARAM wPar
     text.clear();
     const auto result = Exchange(target, RemoteSendWithStringProcedure, true);
     if (result) {
-        CopyBack(block);
+        CopyBack(shared.remoteData, block);
         text.assign(shared.remoteString, strnlen(shared.remoteString, kRemoteStringSize - 1));
     }
     return result.value_or(0);

@@ -1,5 +1,5 @@
 // Messages whose lParam must point at memory of the host: sent from inside the host's GUI thread, with
-// their parameter block carried through the shared section.
+// their parameter block carried through the shared section. In that thread itself they are sent at once.
 #pragma once
 
 #include <cstddef>
