@@ -129,6 +129,7 @@ void MeasureLists(bench::Report& report) {
             SendMessageA(boxes[1], CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
         }
     });
+    MeasureList(report, ghListBox(boxes[0]), "list box: the first item by text", "Item 0", 1.1, 101);
     MeasureList(report, ghListBox(boxes[0]), "list box: the last of 1,000 by text", "Item 999", 0.1, 5);
     MeasureList(report, ghComboBox(boxes[1]), "combo box: the last of 1,000 by text", "Item 999", 0.1, 5);
 }

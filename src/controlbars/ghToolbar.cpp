@@ -19,8 +19,6 @@ namespace {
 // hours.
 constexpr int kMostButtons = 0x10000;
 
-constexpr int kNearButtons = 2; // the count and the first button
-
 int CountButtons(HWND toolbar) noexcept {
     return static_cast<int>(SendMessageA(toolbar, TB_BUTTONCOUNT, 0, 0));
 }
@@ -59,7 +57,7 @@ int ghToolbar::FindIndex(const std::string& caption, int id) const {
     using controlbars::ButtonPosition;
     if (id != 0) {
         ButtonPosition position = {.id = id};
-        hostlink::Walk<ButtonPosition, controlbars::StepToId>(Host(), {}, position, kNearButtons);
+        hostlink::Walk<ButtonPosition, controlbars::StepToId>(Host(), {}, position);
         if (position.found >= 0) {
             return position.found;
         }
@@ -68,7 +66,7 @@ int ghToolbar::FindIndex(const std::string& caption, int id) const {
         return ghToolbarButton::kNoIndex;
     }
     ButtonPosition position;
-    hostlink::Walk<ButtonPosition, controlbars::StepToCaption>(Host(), caption, position, kNearButtons);
+    hostlink::Walk<ButtonPosition, controlbars::StepToCaption>(Host(), caption, position);
     return position.found;
 }
 

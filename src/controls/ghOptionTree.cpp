@@ -15,10 +15,9 @@ ghOptionTree ghOptionTree::RootItem() const {
 }
 
 ghOptionTree ghOptionTree::ItemByPath(const std::string& path) const {
-    constexpr int kNearItems = 2; // the root's first child and its label
     PathPosition position;
     if (path.size() <= engine::kOptionTreePath.longest) {
-        hostlink::Walk<PathPosition, StepAlongPath>(Host(), path, position, kNearItems);
+        hostlink::Walk<PathPosition, StepAlongPath>(Host(), path, position);
     }
     return Item(static_cast<LRESULT>(position.item));
 }

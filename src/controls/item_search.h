@@ -47,9 +47,8 @@ bool StepToPrefix(const hostlink::HostWindow& control, std::string_view name, Li
 // The index of the first item whose text begins with the name, -1 if there is none.
 template <class List>
 int FirstItemWithPrefix(const List& list, std::string_view name) {
-    constexpr int kNearItems = 2; // the count and the first item's text
     ListPosition position;
-    hostlink::Walk<ListPosition, StepToPrefix<List>>(list.Host(), name, position, kNearItems);
+    hostlink::Walk<ListPosition, StepToPrefix<List>>(list.Host(), name, position);
     return position.found;
 }
 

@@ -7,8 +7,9 @@ namespace controls {
 
 namespace {
 
-constexpr int kNearItems = 2;   // the root's message and the first item's text
-constexpr int kNearNumbers = 4; // a message each
+// Steps that carry no memory.
+constexpr int kNearNumbers = 6;        // a message each
+constexpr int kNearRunningNumbers = 2; // two messages each, but the first
 
 HTREEITEM ToItem(std::uint64_t item) noexcept {
     return reinterpret_cast<HTREEITEM>(static_cast<std::uintptr_t>(item));
@@ -113,14 +114,14 @@ HTREEITEM FindByNumbers(const hostlink::HostWindow& tree, std::string_view path)
 
 HTREEITEM FindByNames(const hostlink::HostWindow& tree, std::string_view path) {
     TreePathPosition position;
-    hostlink::Walk<TreePathPosition, StepByNames>(tree, path, position, kNearItems);
+    hostlink::Walk<TreePathPosition, StepByNames>(tree, path, position);
     return ToItem(position.item);
 }
 
 HTREEITEM FindByRunningNumber(const hostlink::HostWindow& tree, int number) {
     RunningNumberPosition position;
     position.left = number;
-    hostlink::Walk<RunningNumberPosition, StepByRunningNumber>(tree, {}, position, kNearItems);
+    hostlink::Walk<RunningNumberPosition, StepByRunningNumber>(tree, {}, position, kNearRunningNumbers);
     return ToItem(position.item);
 }
 

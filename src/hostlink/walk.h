@@ -71,10 +71,11 @@ bool BeginWalk(const HostWindow& control, std::string_view wanted, Position& pos
     return goesOn;
 }
 
-// The whole walk. `nearSteps`: as many as cost about what the way into the host's thread does (two or three
-// messages); a walk that they end goes no other way.
+// The whole walk. `nearSteps` are taken from here first, and a walk that they end goes no other way: as many
+// as cost no more than the way into the host's thread, which is that of one remote send or of five messages
+// that carry no memory.
 template <class Position, WalkStep<Position> step>
-void Walk(const HostWindow& control, std::string_view wanted, Position& position, int nearSteps) {
+void Walk(const HostWindow& control, std::string_view wanted, Position& position, int nearSteps = 0) {
     static_assert(kIsWalkPosition<Position>);
     if (BeginWalk<Position, step>(control, wanted, position, nearSteps) &&
         !WalkInHost(control, wanted, std::as_writable_bytes(std::span(&position, 1)),
