@@ -69,6 +69,7 @@ constexpr NamedMessage kSystemMessages[] = {
 constexpr const char* kRegisteredMessages[] = {
     contract::kSync,
     contract::kSendRemotely,
+    contract::kWalk,
     contract::kSetKeyState,
     contract::kGetLocale,
     contract::kGetWindowByName,

@@ -68,7 +68,8 @@ std::vector<Aim> Aims(HWND frame) {
 class SectionWriter {
 public:
     SectionWriter(ModuleSection& section, HWND frame, unsigned seed)
-        : m_bytes(section.Bytes()), m_aims(Aims(frame)), m_random(seed), m_thread([this] { Write(); }) {}
+        : m_bytes(section.Bytes()), m_own(section.Own()), m_aims(Aims(frame)), m_random(seed),
+          m_thread([this] { Write(); }) {}
     ~SectionWriter() {
         m_stops = true;
         m_thread.join();
@@ -81,14 +82,17 @@ private:
         for (unsigned count = 0; !m_stops; ++count) {
             switch (m_random() % 10) {
             case 0:
-                WriteRandom(m_bytes.size());
+                WriteRandom(m_bytes, m_bytes.size());
                 break;
             case 1:
             case 2:
-                WriteRandom(64);
+                WriteRandom(m_bytes, 64);
                 break;
             case 3:
                 FillText();
+                break;
+            case 4:
+                WriteRandom(m_own, 64);
                 break;
             default:
                 WriteAim(m_aims[m_random() % m_aims.size()]);
@@ -112,11 +116,11 @@ private:
         const std::uint64_t value = aim.values[m_random() % aim.values.size()];
         std::memcpy(m_bytes.data() + aim.offset, &value, aim.size);
     }
-    void WriteRandom(std::size_t longest) {
+    void WriteRandom(std::span<std::byte> bytes, std::size_t longest) {
         const std::size_t length = 1 + m_random() % longest;
-        const std::size_t offset = m_random() % (m_bytes.size() - length + 1);
+        const std::size_t offset = m_random() % (bytes.size() - length + 1);
         for (std::size_t index = 0; index < length; ++index)
-            m_bytes[offset + index] = static_cast<std::byte>(m_random());
+            bytes[offset + index] = static_cast<std::byte>(m_random());
     }
     // No terminator, and all that a descriptor may hold.
     void FillText() {
@@ -124,6 +128,7 @@ private:
     }
 
     std::span<std::byte> m_bytes;
+    std::span<std::byte> m_own;
     std::vector<Aim> m_aims;
     std::mt19937 m_random;
     std::atomic<bool> m_stops = false;
@@ -155,7 +160,8 @@ private:
     static bool IsRequest(UINT message) {
         static const std::set<UINT> kLink = {
             RegisterWindowMessageA("MSG_GH_SEND_REMOTELY"), RegisterWindowMessageA("MSG_GH_SET_KEY_STATE"),
-            RegisterWindowMessageA("MSG_GH_SYNC"), RegisterWindowMessageA("MSG_GH_GET_LOCALE")};
+            RegisterWindowMessageA("MSG_GH_SYNC"), RegisterWindowMessageA("MSG_GH_GET_LOCALE"),
+            RegisterWindowMessageA("MSG_GH_WALK")};
         return message == WM_CLOSE || message == WM_DESTROY || message == WM_QUIT ||
                message == WM_SYSCOMMAND || message == WM_SETTEXT || message == WM_ENABLE ||
                (message >= WM_USER && !kLink.contains(message));
@@ -193,6 +199,7 @@ public:
                 m_report.Fail("afterwards: " + left);
         SharedSection& data = m_first.Section().Data();
         std::ranges::fill(m_first.Section().Bytes(), std::byte{0}); // as it was at the start
+        std::ranges::fill(m_first.Section().Own(), std::byte{0});
         data.allowMouseBlocks = 1;
         PrintTable();
     }

@@ -9,16 +9,16 @@ namespace {
 
 constexpr std::size_t kPageSize = 4096;
 
-hostlink::SharedSection* Find(const std::wstring& path) {
+std::span<std::byte> Find(const std::wstring& path, const char (&name)[8]) {
     const HMODULE module = GetModuleHandleW(path.c_str());
     auto* const base = reinterpret_cast<std::byte*>(module);
     const auto& dos = *reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
     const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos.e_lfanew);
     const auto* section = IMAGE_FIRST_SECTION(headers);
     for (int index = 0; index < headers->FileHeader.NumberOfSections; ++index, ++section)
-        if (std::memcmp(section->Name, ".shared", 8) == 0)
-            return reinterpret_cast<hostlink::SharedSection*>(base + section->VirtualAddress);
-    throw std::runtime_error("the module has no shared section");
+        if (std::memcmp(section->Name, name, sizeof name) == 0)
+            return {base + section->VirtualAddress, section->Misc.VirtualSize};
+    throw std::runtime_error(std::string("the module has no section ") + name);
 }
 
 UINT Registered(const char* name) {
@@ -28,7 +28,9 @@ UINT Registered(const char* name) {
 } // namespace
 
 ModuleSection::ModuleSection()
-    : m_module(support::BuiltModule::DefaultPath()), m_data(Find(m_module.Path())) {}
+    : m_module(support::BuiltModule::DefaultPath()),
+      m_data(reinterpret_cast<hostlink::SharedSection*>(Find(m_module.Path(), ".shared").data())),
+      m_own(Find(m_module.Path(), ".module")) {}
 
 std::span<std::byte> ModuleSection::Beyond() const {
     return {Bytes().data() + Bytes().size(), kPageSize - Bytes().size()};

@@ -22,6 +22,8 @@ public:
     std::span<std::byte> Bytes() const {
         return {reinterpret_cast<std::byte*>(m_data), sizeof(hostlink::SharedSection)};
     }
+    // The other shared section, of what crosses beside the contract: seals and walks.
+    std::span<std::byte> Own() const { return m_own; }
     // From its end to the end of its page: nobody's, and shared all the same.
     std::span<std::byte> Beyond() const;
 
@@ -36,6 +38,7 @@ public:
 private:
     support::BuiltModule m_module;
     hostlink::SharedSection* m_data;
+    std::span<std::byte> m_own;
 };
 
 } // namespace fault_tests
