@@ -620,7 +620,7 @@ TEST_F(WalkTest, GoesOnFromHereWhereTheHostsSideDoesNotAnswer) {
 TEST_F(WalkTest, TakesANameThatIsLongerThanTheWayIsWide) {
     const GuiThread thread;
     const Control list(thread, "LISTBOX");
-    const std::string name(hostlink::kWalkTextSize + 1, 'n');
+    const std::string name(hostlink::kWalkTextSize * 4, 'n');
     thread.Run([&] {
         FillList(list.Window(), 3);
         SendMessageA(list.Window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
@@ -688,7 +688,9 @@ TEST_F(WalkTest, IsNotLedAstrayByWhatOthersWrite) {
     std::thread writer([&] {
         std::mt19937 random(1);
         while (!ends) {
-            section[random() % section.size()] = static_cast<std::byte>(random());
+            // Where something stands.
+            std::byte& place = section[random() % section.size()];
+            place = place != std::byte{0} ? static_cast<std::byte>(random()) : place;
         }
     });
     for (int round = 0; round < 100; ++round) {
