@@ -18,6 +18,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <map>
 #include <memory>
@@ -678,6 +679,7 @@ std::span<std::byte> SectionOfThisProgram(const char* name) {
 
 // Any process can write where a walk crosses: no other item is found for that, and no program harmed.
 TEST_F(WalkTest, IsNotLedAstrayByWhatOthersWrite) {
+    using Clock = std::chrono::steady_clock;
     const GuiThread thread;
     const Control tree(thread, WC_TREEVIEWA);
     HTREEITEM wanted = nullptr;
@@ -688,12 +690,16 @@ TEST_F(WalkTest, IsNotLedAstrayByWhatOthersWrite) {
     std::thread writer([&] {
         std::mt19937 random(1);
         while (!ends) {
-            // Where something stands.
+            // Where something stands, and not all of it at once: one byte or so in each exchange.
             std::byte& place = section[random() % section.size()];
-            place = place != std::byte{0} ? static_cast<std::byte>(random()) : place;
+            if (place != std::byte{0}) {
+                place = static_cast<std::byte>(random());
+                for (const auto end = Clock::now() + std::chrono::microseconds(200); Clock::now() < end;) {
+                }
+            }
         }
     });
-    for (int round = 0; round < 100; ++round) {
+    for (int round = 0; round < 300; ++round) {
         EXPECT_EQ(controls::FindByRunningNumber(tree.Host(), 100), wanted);
     }
     ends = true;
