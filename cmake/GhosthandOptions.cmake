@@ -2,7 +2,10 @@
 add_library(ghosthand_options INTERFACE)
 target_include_directories(ghosthand_options INTERFACE ${PROJECT_SOURCE_DIR}/include)
 if(MSVC)
-    target_compile_options(ghosthand_options INTERFACE /W4 /WX /permissive- /utf-8 /EHsc)
+    target_compile_options(ghosthand_options INTERFACE
+        $<$<COMPILE_LANGUAGE:C,CXX>:/W4 /WX /permissive- /utf-8 /EHsc /Zc:__cplusplus
+        # a record that is padded because a member asks for its alignment
+        /wd4324>)
     set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
 else()
     target_compile_options(ghosthand_options INTERFACE
