@@ -5,6 +5,8 @@
 #                          docs, browser, dpi)
 #   ./test.sh tree         the tests whose name matches this regular expression
 #   ./test.sh -V -R tree   options are passed on to ctest
+#   ./test.sh --compiler clang ...   the same with clang; without, all tests are run with gcc, and clang only
+#                          compiles the module
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 # shellcheck source=tools/wine/session.sh
@@ -41,25 +43,42 @@ run_tests() {
 
 # has_tests OPTION...: whether the Windows build has selected tests that these options leave.
 has_tests() {
-    ! ctest --test-dir build/cross -N "${selection[@]}" "$@" | grep -q '^Total Tests: 0$'
+    ! ctest --test-dir "build/$windows" -N "${selection[@]}" "$@" | grep -q '^Total Tests: 0$'
 }
 
 # run_wine_tests OPTION...: in the session that has been started.
 run_wine_tests() {
-    run_tests cross "$@" ||
-        fail "Tests failed." "Their output is above; build/cross/Testing/Temporary/LastTest.log has it all."
+    run_tests "$windows" "$@" ||
+        fail "Tests failed." "Their output is above; build/$windows/Testing/Temporary/LastTest.log has it all."
 }
 
+windows=cross
+if [[ ${1:-} == --compiler ]]; then
+    case ${2:-} in
+    gcc) ;;
+    clang) windows=cross-clang ;;
+    *) fail "There is no compiler ${2:-} here." "The compilers are gcc and clang." ;;
+    esac
+    shift 2
+fi
 select_tests "$@"
 tools/wine/setup.sh
+[[ $windows == cross ]] || tools/wine/setup.sh clang-19 lld-19
 # A browser looks at the report and at the documents.
 tools/wine/setup.sh --optional chromium chromium-driver python3-selenium
 build native
-build cross
+build "$windows"
+if [[ $# == 0 && $windows == cross ]]; then
+    if tools/wine/setup.sh clang-19 lld-19; then
+        build cross-clang ghosthand
+    else
+        say "The module is not compiled with clang: clang 19 cannot be had here"
+    fi
+fi
 ordinary=(-LE '^dpi$')
 scaled=(-L '^dpi$')
 has_tests "${ordinary[@]}" || has_tests "${scaled[@]}" ||
-    fail "There is no such test." "ctest --test-dir build/cross -N lists them."
+    fail "There is no such test." "ctest --test-dir build/$windows -N lists them."
 
 say "Tests, the native part under the sanitizers"
 native=passed

@@ -31,8 +31,9 @@ public:
     Text(const char* text) : Text(std::string(text)) {}
     Text(const std::string& text) {
         const int size = static_cast<int>(text.size());
-        m_text = SysAllocStringLen(nullptr, MultiByteToWideChar(CP_ACP, 0, text.data(), size, nullptr, 0));
-        MultiByteToWideChar(CP_ACP, 0, text.data(), size, m_text, SysStringLen(m_text));
+        const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), size, nullptr, 0);
+        m_text = SysAllocStringLen(nullptr, static_cast<UINT>(length));
+        MultiByteToWideChar(CP_ACP, 0, text.data(), size, m_text, length);
     }
     ~Text() { SysFreeString(m_text); }
     Text(const Text&) = delete;
@@ -41,9 +42,9 @@ public:
 
     static std::string Take(BSTR text) {
         const int size = static_cast<int>(SysStringLen(text));
-        std::string result(WideCharToMultiByte(CP_ACP, 0, text, size, nullptr, 0, nullptr, nullptr), '\0');
-        WideCharToMultiByte(CP_ACP, 0, text, size, &result[0], static_cast<int>(result.size()), nullptr,
-                            nullptr);
+        const int length = WideCharToMultiByte(CP_ACP, 0, text, size, nullptr, 0, nullptr, nullptr);
+        std::string result(static_cast<std::size_t>(length), '\0');
+        WideCharToMultiByte(CP_ACP, 0, text, size, &result[0], length, nullptr, nullptr);
         SysFreeString(text);
         return result;
     }

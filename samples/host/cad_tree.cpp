@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <commctrl.h>
+#include <cstring>
 #include <optional>
 #include <vector>
 
@@ -188,7 +189,8 @@ LRESULT DrawItem(NMTVCUSTOMDRAW& drawing) {
     }
     RECT label{};
     const HTREEITEM item = reinterpret_cast<HTREEITEM>(drawing.nmcd.dwItemSpec);
-    if (!TreeView_GetItemRect(drawing.nmcd.hdr.hwndFrom, item, &label, TRUE))
+    std::memcpy(&label, &item, sizeof item);
+    if (!SendMessageA(drawing.nmcd.hdr.hwndFrom, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label)))
         return CDRF_DODEFAULT;
     const auto& shown = ModelItems()[index];
     RECT mark{label.right + 4, label.top + 3, label.right + 14, label.bottom - 3};

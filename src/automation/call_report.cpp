@@ -1,8 +1,18 @@
 #include "automation/call_report.h"
 
+#include <cstring>
 #include <exception>
 
 namespace automation {
+namespace {
+
+// Not all compilers leave the class out of a function's name.
+const char* WithoutClass(const char* member) noexcept {
+    const char* const colon = std::strrchr(member, ':');
+    return colon == nullptr ? member : colon + 1;
+}
+
+} // namespace
 
 engine::diagnostics::Value Argument::Value() const {
     switch (m_kind) {
@@ -54,8 +64,8 @@ void CallReport::Begin(const CallTarget& target, HWND window) noexcept {
                 values.push_back(argument.Value());
             }
         }
-        m_listener->CallBegins({target.object, target.objectClass.name(), &target.interfaceId, target.member,
-                                window, std::move(values)});
+        m_listener->CallBegins({target.object, target.objectClass.name(), &target.interfaceId,
+                                WithoutClass(target.member), window, std::move(values)});
     } catch (const std::exception&) {
         m_listener = nullptr;
     }

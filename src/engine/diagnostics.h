@@ -36,8 +36,8 @@ void Describe(std::string_view text);
 void Report(std::string_view text);
 
 // printf's formatting into a string.
-#if defined(__GNUC__)
-__attribute__((format(gnu_printf, 1, 2)))
+#if defined(__MINGW_PRINTF_FORMAT)
+__attribute__((format(__MINGW_PRINTF_FORMAT, 1, 2)))
 #endif
 std::string
 Format(const char* format, ...);

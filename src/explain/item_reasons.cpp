@@ -447,7 +447,6 @@ public:
         }
     }
 
-    bool IsToolbar() const noexcept { return m_isToolbar; }
     int Count() const {
         return m_isToolbar ? static_cast<int>(SendMessageA(m_window.window, TB_BUTTONCOUNT, 0, 0))
                            : GetMenuItemCount(m_menu);

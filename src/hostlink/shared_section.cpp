@@ -3,6 +3,10 @@
 #if defined(_MSC_VER)
 #pragma section(".shared", read, write, shared)
 #define GHOSTHAND_SHARED __declspec(allocate(".shared"))
+#elif defined(__clang__)
+// It has no attribute that shares; the flags with which the assembler first sees the section are kept.
+asm(".section .shared,\"dws\"\n\t.text");
+#define GHOSTHAND_SHARED __attribute__((section(".shared")))
 #else
 #define GHOSTHAND_SHARED __attribute__((section(".shared"), shared))
 #endif

@@ -6,6 +6,10 @@
 #if defined(_MSC_VER)
 #pragma section(".module", read, write, shared)
 #define GHOSTHAND_SHARED_VARIABLE __declspec(allocate(".module"))
+#elif defined(__clang__)
+// It has no attribute that shares; the flags with which the assembler first sees the section are kept.
+asm(".section .module,\"dws\"\n\t.text");
+#define GHOSTHAND_SHARED_VARIABLE __attribute__((section(".module")))
 #else
 #define GHOSTHAND_SHARED_VARIABLE __attribute__((section(".module"), shared))
 #endif

@@ -2,6 +2,8 @@
 
 #include <oleauto.h>
 
+#include <cwchar>
+#include <iterator>
 #include <memory>
 #include <new>
 #include <system_error>
@@ -44,13 +46,28 @@ struct AttributeReleaser {
     void operator()(TLIBATTR* attributes) const noexcept { library->ReleaseTLibAttr(attributes); }
 };
 
+// Whether anything is entered for this version of the library.
+bool IsRegistered(const TLIBATTR& library) {
+    wchar_t identifier[39];
+    StringFromGUID2(library.guid, identifier, static_cast<int>(std::size(identifier)));
+    wchar_t key[80];
+    std::swprintf(key, std::size(key), L"TypeLib\\%ls\\%x.%x", identifier, unsigned{library.wMajorVerNum},
+                  unsigned{library.wMinorVerNum});
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, key, 0, KEY_READ, &opened) != ERROR_SUCCESS)
+        return false;
+    RegCloseKey(opened);
+    return true;
+}
+
 HRESULT UnregisterLibrary(ITypeLib& library) noexcept {
     TLIBATTR* found = nullptr;
     if (const HRESULT result = library.GetLibAttr(&found); FAILED(result))
         return result;
     const std::unique_ptr<TLIBATTR, AttributeReleaser> attributes(found, AttributeReleaser{&library});
-    return UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum,
-                             attributes->lcid, attributes->syskind);
+    const HRESULT result = UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum,
+                                             attributes->wMinorVerNum, attributes->lcid, attributes->syskind);
+    return FAILED(result) && !IsRegistered(*attributes) ? S_OK : result;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <thread>
 
@@ -165,8 +166,9 @@ protected:
         for (const Member& same : members) {
             possible |= same.id == member.id ? same.kind : 0;
         }
-        for (const WORD flags : {0, DISPATCH_METHOD, DISPATCH_PROPERTYGET, DISPATCH_PROPERTYPUT,
-                                 DISPATCH_PROPERTYPUTREF, 0x4000}) {
+        for (const auto flags :
+             std::initializer_list<WORD>{0, DISPATCH_METHOD, DISPATCH_PROPERTYGET, DISPATCH_PROPERTYPUT,
+                                         DISPATCH_PROPERTYPUTREF, 0x4000}) {
             if ((possible & flags) == 0) {
                 CallById call = RightCall(member);
                 call.what = "with the flags " + std::to_string(flags);

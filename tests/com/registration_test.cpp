@@ -172,8 +172,10 @@ TEST_F(Registration, UnregisteringLeavesTheRegistryAsItWas) {
     ASSERT_EQ(module.RegisterServer(), S_OK);
     ASSERT_EQ(module.RegisterServer(), S_OK); // once more, as an installer may do
     ASSERT_GT(m_sandbox.Contents().size(), 400u);
-    ASSERT_EQ(module.UnregisterServer(), S_OK);
-    EXPECT_EQ(m_sandbox.Contents(), m_before);
+    for (int times = 0; times < 2; ++times) { // the second time nothing is registered any more
+        ASSERT_EQ(module.UnregisterServer(), S_OK);
+        EXPECT_EQ(m_sandbox.Contents(), m_before);
+    }
 }
 
 TEST_F(Registration, TakesThePathAsItIs) {

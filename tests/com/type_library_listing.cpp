@@ -176,7 +176,8 @@ std::string Function(ITypeInfo& type, UINT index, UINT offset) {
         if (element.paramdesc.wParamFlags == (PARAMFLAG_FOUT | PARAMFLAG_FRETVAL))
             result = Result(type, element);
         else
-            parameters += (parameters.empty() ? "" : ", ") + InParameter(type, element, names[place + 1]);
+            parameters += (parameters.empty() ? "" : ", ") +
+                          InParameter(type, element, names[static_cast<std::size_t>(place) + 1]);
     }
     std::string line = Format("  0x%08lx ", function->memid) + Kind(function->invkind) + " " + names[0] +
                        "(" + parameters + ") -> " + result;

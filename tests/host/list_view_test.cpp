@@ -11,6 +11,7 @@
 
 #include <climits>
 #include <commctrl.h>
+#include <initializer_list>
 
 namespace {
 
@@ -46,9 +47,9 @@ protected:
 
     static bool Posted(HWND window, UINT message) { return !host->Log().Records(message, window).empty(); }
 
-    static std::vector<LogRecord> Notifications(int code) {
+    static std::vector<LogRecord> Notifications(UINT code) {
         std::vector<LogRecord> found;
-        const std::string end = " code=" + std::to_string(code);
+        const std::string end = " code=" + std::to_string(static_cast<int>(code));
         for (const LogRecord& record : host->Log().Records(WM_NOTIFY))
             if (std::string(record.text).ends_with(end))
                 found.push_back(record);
@@ -102,7 +103,8 @@ TEST_F(ListView, SelectsOneItemAndNoOther) {
     EXPECT_EQ(parts.SelectedItem(), 39);
     std::vector<UINT> order;
     for (const LogRecord& record : host->Log().Records())
-        for (const UINT message : {LVM_SETSELECTIONMARK, WM_KEYDOWN, WM_KEYUP, WM_LBUTTONDOWN})
+        for (const auto message :
+             std::initializer_list<UINT>{LVM_SETSELECTIONMARK, WM_KEYDOWN, WM_KEYUP, WM_LBUTTONDOWN})
             if (record.message == message && record.controlId == ids::kPartsList)
                 order.push_back(message);
     EXPECT_THAT(order, ElementsAre(LVM_SETSELECTIONMARK, WM_KEYDOWN, WM_KEYUP, WM_LBUTTONDOWN));

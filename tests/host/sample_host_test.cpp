@@ -47,11 +47,11 @@ TEST(SampleHostLog, HasTheKeysThatDriveAMenuAndTheCommandThatTheyChoose) {
     const SampleHost host;
     const HWND edit = host.Window("Document 3.1001");
     host.ClearLog();
-    for (const UINT message : {WM_SYSKEYDOWN, WM_SYSKEYUP}) {
+    for (const UINT message : {UINT{WM_SYSKEYDOWN}, UINT{WM_SYSKEYUP}}) {
         PostMessageA(edit, message, VK_MENU, 0x20000001);
     }
     ASSERT_TRUE(Eventually([&] { return !host.Log().Records(WM_ENTERMENULOOP).empty(); }));
-    for (const WPARAM key : {'V', 'G'}) { // "&View", "&Grid"
+    for (const WPARAM key : {WPARAM{'V'}, WPARAM{'G'}}) { // "&View", "&Grid"
         PostMessageA(edit, WM_KEYDOWN, key, 1);
     }
     ASSERT_TRUE(Eventually([&] { return !host.Log().Records(WM_COMMAND, host.Frame()).empty(); }));

@@ -175,7 +175,7 @@ TEST_F(ToolbarTest, AProfessionalPopupIsClickedWithTheMouse) {
 }
 
 TEST_F(ToolbarTest, ContextMenusOfBothKindsAreCaughtFoundAgainAndClosed) {
-    for (const int id : {ids::kOwnMenuArea, ids::kProfessionalMenuArea}) {
+    for (const int id : {int{ids::kOwnMenuArea}, int{ids::kProfessionalMenuArea}}) {
         SCOPED_TRACE(id);
         const ghBaseWindow area = Area(id);
         EXPECT_EQ(controlbars::FindCurrentContextMenu(area), nullptr);

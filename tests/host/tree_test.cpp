@@ -44,9 +44,9 @@ protected:
         return item ? item->Text() : "(none)";
     }
 
-    static std::vector<LogRecord> Notifications(int code) {
+    static std::vector<LogRecord> Notifications(UINT code) {
         std::vector<LogRecord> found;
-        const std::string end = " code=" + std::to_string(code);
+        const std::string end = " code=" + std::to_string(static_cast<int>(code));
         for (const LogRecord& record : host->Log().Records(WM_NOTIFY))
             if (std::string(record.text).ends_with(end))
                 found.push_back(record);

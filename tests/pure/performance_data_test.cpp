@@ -95,9 +95,9 @@ Block TypicalData() {
 TEST(PerformanceData, ThreadIsIdleOnlyWhenItWaitsForItsUser) {
     const Block data = PerformanceData(
         {ObjectType({{1, 5, 6}, {2, 5, 13}, {3, 5, 5}, {4, 5, 0}, {5, 2, 6}, {6, 2, 13}, {7, 6, 5}})});
-    for (const std::uint32_t idle : {1, 2})
+    for (const std::uint32_t idle : {1U, 2U})
         EXPECT_EQ(FindThreadIdleState(data, idle), ThreadIdleState::Idle) << "thread " << idle;
-    for (const std::uint32_t busy : {3, 4, 5, 6, 7})
+    for (const std::uint32_t busy : {3U, 4U, 5U, 6U, 7U})
         EXPECT_EQ(FindThreadIdleState(data, busy), ThreadIdleState::Busy) << "thread " << busy;
 }
 

@@ -258,14 +258,14 @@ TEST_F(MenuTest, ASlowHostIsWaitedForOnceItWasOvershot) {
         hook = SetWindowsHookExA(WH_GETMESSAGE, slow, nullptr, GetCurrentThreadId());
     });
     using controlbars::WalkState;
-    int looks = 0;
+    std::size_t looks = 0;
     int pressed = 0;
     const auto look = [&] {
         constexpr WalkState kSeen[] = {
             WalkState::NotOpen, WalkState::NotYet, WalkState::NotYet, WalkState::NotYet,
             WalkState::Reached, // on the way: keys are left
             WalkState::NotYet,  WalkState::NotYet, WalkState::NotYet, WalkState::Reached};
-        const WalkState state = kSeen[std::min<std::size_t>(looks++, std::size(kSeen) - 1)];
+        const WalkState state = kSeen[std::min(looks++, std::size(kSeen) - 1)];
         if (looks > 5) {
             EXPECT_EQ(handled, pressed) << looks;
         }

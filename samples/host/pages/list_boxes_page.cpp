@@ -18,8 +18,7 @@ constexpr const char* kMaterials[] = {"Aluminium",
                                       "Copper",
                                       "R&D sample",
                                       "Glass\tclear",
-                                      "\xDC"
-                                      "berzug", // "Ueberzug" with its umlaut in the code page
+                                      "\334berzug", // "Ueberzug" with its umlaut in the code page
                                       "Nickel",
                                       "Steel",
                                       "Titanium",
