@@ -1,69 +1,23 @@
-// What finding an item of a large toolbar or menu costs, against the bare messages and calls that it takes.
+// What finding an item of a large menu costs, against the bare calls that it takes.
 
 #include "bench.h"
 
 #include "controlbars/ghMenu.h"
-#include "controlbars/ghToolbar.h"
-#include "controlbars/toolbar_messages.h"
-#include "hostlink/remote_send.h"
-#include "support/sample_host.h"
+#include "host_ids.h"
 
 #include <stdexcept>
-#include <vector>
 
 namespace {
 
 namespace ids = sample_host::ids;
 
-constexpr int kButtons = 200;
 constexpr int kItems = 500;
 constexpr double kEngineShare = 1.1; // the engine's own work may add a tenth to the messages
-constexpr int kLastButton = static_cast<int>(ids::kFirstManyButton) + kButtons - 1;
-// The button before the last one, whose text is too long to be read.
-constexpr char kLastReadableText[] = "Button 198";
 
 void Require(const std::unique_ptr<ghControlBarItem>& item) {
     if (!item->IsValid()) {
         throw std::runtime_error("the item is not found");
     }
-}
-
-controlbars::ButtonRecord ReadRecord(const hostlink::HostWindow& bar, int index) {
-    controlbars::ButtonRecord button;
-    hostlink::RemoteSend(bar, TB_GETBUTTON, static_cast<WPARAM>(index), hostlink::AsBlock(button));
-    return button;
-}
-
-void ReadText(const hostlink::HostWindow& bar, int command) {
-    const auto wParam = static_cast<WPARAM>(command);
-    const LRESULT length = SendMessageA(bar.window, TB_GETBUTTONTEXTA, wParam, 0);
-    std::vector<std::byte> block(static_cast<std::size_t>(length) + 2);
-    hostlink::RemoteSend(bar, TB_GETBUTTONTEXTA, wParam, block);
-}
-
-void MeasureToolbar(bench::Report& report) {
-    const support::SampleHost host("--page many-items");
-    const ghToolbar toolbar(host.WaitForWindow("Many items.1088"));
-    const hostlink::HostWindow& bar = toolbar.Host();
-
-    report.Compare(
-        {"toolbar: the last of 200 buttons by id", [&] { Require(toolbar.GetItemByID("", kLastButton)); }},
-        {"its 200 remote sends",
-         [&] {
-             for (int index = 0; index < kButtons; ++index) {
-                 ReadRecord(bar, index);
-             }
-         }},
-        {.aim = kEngineShare, .rounds = 21});
-    report.Compare({"toolbar: the 199th of 200 buttons by caption",
-                    [&] { Require(toolbar.GetItemByID(kLastReadableText, 0)); }},
-                   {"its messages and remote sends",
-                    [&] {
-                        for (int index = 0; index < kButtons - 1; ++index) {
-                            ReadText(bar, ReadRecord(bar, index).command);
-                        }
-                    }},
-                   {.aim = kEngineShare, .rounds = 21});
 }
 
 // In this process: a menu handle may be good in its own process only.
@@ -94,7 +48,6 @@ void MeasureMenu(bench::Report& report) {
     DestroyMenu(handle);
 }
 
-const bench::Registration kToolbar("toolbar", MeasureToolbar);
 const bench::Registration kMenu("menu", MeasureMenu);
 
 } // namespace

@@ -1,5 +1,5 @@
-// What finding and reading many items costs: against the bare messages that it takes, and against reading
-// through memory that is allocated in the host.
+// What reading many items costs: against the bare messages that it takes, and against reading through memory
+// that is allocated in the host.
 
 #include "bench.h"
 #include "host_memory.h"
@@ -25,15 +25,6 @@ constexpr char kLastItem[] = "Item 9999";
 HTREEITEM Next(HWND tree, UINT relation, HTREEITEM item) {
     return reinterpret_cast<HTREEITEM>(
         SendMessageA(tree, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
-}
-
-void ReadTreeText(const hostlink::HostWindow& tree, HTREEITEM item) {
-    TVITEMA request = {};
-    request.mask = TVIF_TEXT;
-    request.hItem = item;
-    std::string text;
-    hostlink::RemoteSendWithString(tree, TVM_GETITEMA, 0, hostlink::AsBlock(request),
-                                   offsetof(TVITEMA, pszText), text);
 }
 
 // As a tool does that reads an item through memory of its own making in the host: the request and behind it
@@ -71,26 +62,7 @@ void ForEachItem(HWND tree, int count, Act act) {
 void MeasureTree(bench::Report& report) {
     const support::SampleHost host("--page trees");
     const ghTreeControl tree(host.WaitForWindow("Trees." + std::to_string(ids::kLargeTree)));
-    const auto last = tree.ItemByPath(kLastItem);
-    if (last == nullptr || last->Text() != kLastItem) {
-        throw std::runtime_error("the sample host's large tree is not there");
-    }
     const HWND window = tree.Window();
-    report.Compare(
-        {"find the last of 10,000 by name path", [&] { tree.ItemByPath(kLastItem); }},
-        {"its messages alone",
-         [&] { ForEachItem(window, kItems, [&](HTREEITEM item) { ReadTreeText(tree.Host(), item); }); }},
-        {.aim = kEngineShare, .rounds = 3});
-    report.Compare({"find the last of 10,000 by running number", [&] { tree.ItemByNum(kItems); }},
-                   {"its messages alone",
-                    [&] {
-                        ForEachItem(window, kItems, [&](HTREEITEM item) {
-                            SendMessageA(window, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(item));
-                            Next(window, TVGN_CHILD, item);
-                        });
-                    }},
-                   {.aim = kEngineShare, .rounds = 3});
-
     const HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, host.ProcessId());
     report.Compare(
         {"read 1,000 texts of a tree",

@@ -1,5 +1,6 @@
 #include "hostlink/walk.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -63,13 +64,16 @@ std::uint64_t SealOf(const Message& message) noexcept {
     return digest.Value();
 }
 
-// Each copies no more than is in use; what is checked is a copy that nobody can change any more.
+// Copies no more than is in use. What is checked is a copy that nobody can change any more: the fence keeps
+// the compiler from looking at the original once more instead.
 void CopyMessage(const Message& from, Message& to) noexcept {
     std::memcpy(&to, &from, offsetof(Message, position));
+    std::atomic_signal_fence(std::memory_order_seq_cst);
     if (IsWithinBounds(to)) {
         std::memcpy(to.position, from.position, to.positionSize);
         std::memcpy(to.wanted, from.wanted, to.wantedSize);
     }
+    std::atomic_signal_fence(std::memory_order_seq_cst);
 }
 
 void Publish(Way& way, const Message& message) noexcept {
