@@ -114,6 +114,21 @@ void MeasureLists(bench::Report& report) {
     const ghListView list(host.WaitForWindow("List views." + std::to_string(ids::kLargeList)));
     MeasureList(report, list, "list view: the last of 10,000 by text", kLastItem, 0.05, 3);
     MeasureList(report, list, "list view: the first item by text", "Item 0", 1.1, 101);
+    // With the click: each turn selects another item than the one before.
+    report.Compare(
+        {"list view: SelectItemByName, the last of 10,000",
+         [&] {
+             list.SelectItem(0);
+             Require(list.SelectItemByName(kLastItem));
+         }},
+        {"message by message",
+         [&] {
+             using Position = controls::ListPosition;
+             list.SelectItem(0);
+             list.SelectItem(
+                 Across<Position, controls::StepToPrefix<ghListView>>(list.Host(), kLastItem).found);
+         }},
+        {.rounds = 3});
 
     const support::GuiThread thread;
     HWND boxes[2] = {};
