@@ -24,8 +24,12 @@ ScopedHook::~ScopedHook() {
 }
 
 bool RemoveFiredHook(volatile std::uint64_t& published) noexcept {
-    const bool removed = UnhookWindowsHookEx(ToHook(published)) != FALSE;
-    published = 0;
+    const std::uint64_t fired = published;
+    const bool removed = UnhookWindowsHookEx(ToHook(fired)) != FALSE;
+    // The signal of another module can come by before the installer has published the hook.
+    if (removed && published == fired) {
+        published = 0;
+    }
     return removed;
 }
 

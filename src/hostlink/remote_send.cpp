@@ -79,7 +79,7 @@ LRESULT OnCall(int code, WPARAM wParam, LPARAM lParam, bool hasText, void (*send
         send(request);
         BreakSeal();
     }
-    return 0;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 LRESULT CALLBACK RemoteSendProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {

@@ -17,6 +17,7 @@
 #include "hostlink/module_instance.h"
 #include "hostlink/module_sends.h"
 #include "hostlink/remote_send.h"
+#include "hostlink/shared_section.h"
 #include "shared/ghosthand_module.h"
 #include "support/program.h"
 #include "support/sample_host.h"
@@ -186,6 +187,41 @@ TEST_F(CarriedModule, SendsForTheProgram) {
     std::string text = "anything";
     EXPECT_EQ(hostlink::RemoteSendWithString(tabs.Host(), TCM_GETITEMA, 0, tooMuch, 0, text), 0);
     EXPECT_EQ(text, "");
+}
+
+// A tool and a script, each with a module and a section of its own, ask one window: their hooks wait for the
+// same message.
+TEST_F(CarriedModule, AndTheScriptsModuleDoNotTakeEachOthersTurn) {
+    const ghTabControl tabs(Control("Tabs", ids::kTabs));
+    const HMODULE scripts = LoadLibraryA(support::PathFromEnvironment("GHOSTHAND_DLL").c_str());
+    const auto countEmpty = [&](HMODULE module) {
+        const auto send =
+            reinterpret_cast<int (*)(hostlink::ModuleSend*)>(GetProcAddress(module, "ghosthand_remote_send"));
+        int empty = 0;
+        for (int round = 0; round < 1000; ++round) {
+            TCITEMA item{};
+            item.mask = TCIF_TEXT;
+            char text[hostlink::kRemoteStringSize] = "";
+            hostlink::ModuleSend request{tabs.Window(),
+                                         tabs.ThreadId(),
+                                         TCM_GETITEMA,
+                                         0,
+                                         hostlink::AsBlock(item).data(),
+                                         sizeof item,
+                                         text,
+                                         offsetof(TCITEMA, pszText),
+                                         0};
+            send(&request);
+            empty += text[0] == '\0' ? 1 : 0;
+        }
+        return empty;
+    };
+    int emptyForTool = 0;
+    std::thread tool([&] { emptyForTool = countEmpty(apps::GhosthandModule()); });
+    EXPECT_EQ(countEmpty(scripts), 0);
+    tool.join();
+    EXPECT_EQ(emptyForTool, 0);
+    FreeLibrary(scripts);
 }
 
 } // namespace
