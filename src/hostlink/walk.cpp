@@ -26,6 +26,7 @@ enum class Turn : std::uint32_t { Host, ScriptGoesOn, ScriptEnded };
 
 // A walk on its way, as it stands in the section.
 struct Message {
+    std::uint64_t walk;   // which one: other walks' hooks can wait in the same thread
     std::uint64_t target; // the control
     std::uint64_t ticket; // of the one exchange that this belongs to
     Turn turn;            // whose it is to read
@@ -48,12 +49,18 @@ struct Way {
 constexpr std::size_t kWays = 4;
 GHOSTHAND_SHARED_VARIABLE constinit Way ways[kWays] = {};
 
+// The same in each process that has loaded the module.
+std::uint64_t Identify(HOOKPROC slice) noexcept {
+    return reinterpret_cast<std::uintptr_t>(slice) - reinterpret_cast<std::uintptr_t>(&WalkSlice);
+}
+
 bool IsWithinBounds(const Message& message) noexcept {
     return message.positionSize <= sizeof message.position && message.wantedSize <= sizeof message.wanted;
 }
 
 std::uint64_t SealOf(const Message& message) noexcept {
     Digest digest;
+    digest.Add(message.walk);
     digest.Add(message.target);
     digest.Add(message.ticket);
     digest.Add(static_cast<std::uint32_t>(message.turn));
@@ -197,7 +204,7 @@ std::optional<Turn> Exchange(const OwnedWay& owned, const HostWindow& control, M
 
 } // namespace
 
-LRESULT WalkSlice(int code, WPARAM wParam, LPARAM lParam, std::span<std::byte> position,
+LRESULT WalkSlice(int code, WPARAM wParam, LPARAM lParam, HOOKPROC slice, std::span<std::byte> position,
                   ErasedStep step) noexcept {
     const CWPSTRUCT* call = AwaitedCall(code, lParam, WalkMessage());
     if (call == nullptr || call->wParam >= kWays) {
@@ -206,16 +213,13 @@ LRESULT WalkSlice(int code, WPARAM wParam, LPARAM lParam, std::span<std::byte> p
     Way& way = ways[call->wParam];
     Message message;
     const bool isMeant = Fetch(way, message) && message.turn == Turn::Host &&
-                         message.positionSize == position.size() &&
+                         message.walk == Identify(slice) && message.positionSize == position.size() &&
                          IsSameWindow(call->hwnd, ToWindow(message.target));
-    if (!isMeant) {
-        return CallNextHookEx(nullptr, code, wParam, lParam);
-    }
-    // Before the first step, so that the messages of the walk pass no hook.
-    if (RemoveFiredHook(way.hook)) {
+    // The hook goes before the first step, so that the messages of the walk do not pass it.
+    if (isMeant && RemoveFiredHook(way.hook)) {
         Answer(way, message, position, step);
     }
-    return 0;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 bool WalkInHost(const HostWindow& control, std::string_view wanted, std::span<std::byte> position,
@@ -230,6 +234,7 @@ bool WalkInHost(const HostWindow& control, std::string_view wanted, std::span<st
         return false;
     }
     Message message;
+    message.walk = Identify(slice);
     message.target = FromHandle(control.window);
     message.positionSize = static_cast<std::uint32_t>(position.size());
     message.wantedSize = static_cast<std::uint32_t>(wanted.size());

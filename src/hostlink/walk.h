@@ -35,8 +35,8 @@ using WalkStep = bool (*)(const HostWindow& control, std::string_view wanted, Po
 using ErasedStep = bool (*)(const HostWindow& control, std::string_view wanted,
                             std::span<std::byte> position);
 
-// The hook procedure of a walk: a slice of it, in the control's thread.
-LRESULT WalkSlice(int code, WPARAM wParam, LPARAM lParam, std::span<std::byte> position,
+// What the hook procedure `slice` of a walk does: a slice of it, in the control's thread.
+LRESULT WalkSlice(int code, WPARAM wParam, LPARAM lParam, HOOKPROC slice, std::span<std::byte> position,
                   ErasedStep step) noexcept;
 
 // Takes the walk from `position` to its end in the control's thread and is true. False, with the position
@@ -48,7 +48,8 @@ bool WalkInHost(const HostWindow& control, std::string_view wanted, std::span<st
 template <class Position, WalkStep<Position> step>
 LRESULT CALLBACK WalkProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
     Position position;
-    return WalkSlice(code, wParam, lParam, std::as_writable_bytes(std::span(&position, 1)),
+    return WalkSlice(code, wParam, lParam, WalkProcedure<Position, step>,
+                     std::as_writable_bytes(std::span(&position, 1)),
                      [](const HostWindow& control, std::string_view wanted, std::span<std::byte> bytes) {
                          return step(control, wanted, *reinterpret_cast<Position*>(bytes.data()));
                      });

@@ -517,7 +517,7 @@ TEST_P(RandomWalk, FindsAndSendsTheSameOnBothSides) {
         GTEST_SKIP() << support::kNoCharacterPerByte;
     }
     const char* const asked = std::getenv("GHOSTHAND_WALKS");
-    const unsigned walks = asked != nullptr ? static_cast<unsigned>(std::atoi(asked)) : 60;
+    const unsigned walks = asked != nullptr ? static_cast<unsigned>(std::atoi(asked)) : 40;
     const GuiThread thread;
     int hits = 0;
     for (unsigned seed = 1; seed <= walks && !HasFailure(); ++seed) {
@@ -661,6 +661,35 @@ TEST_F(WalkTest, OfSeveralScriptsDoNotDisturbOneAnother) {
     for (std::thread& script : scripts) {
         script.join();
     }
+    EXPECT_EQ(wrong, 0);
+}
+
+// Hooks of both wait in one thread for the same message.
+TEST_F(WalkTest, OfDifferentKindsDoNotTakeEachOthersTurn) {
+    const GuiThread thread;
+    const Control tree(thread, WC_TREEVIEWA);
+    std::vector<HTREEITEM> items;
+    thread.Run([&] {
+        TVINSERTSTRUCTA insert = {};
+        insert.hInsertAfter = TVI_LAST;
+        insert.item.mask = TVIF_TEXT;
+        for (int number = 60; number > 0; --number) { // the names count down
+            std::string text = std::to_string(number);
+            insert.item.pszText = text.data();
+            items.push_back(reinterpret_cast<HTREEITEM>(
+                SendMessageA(tree.Window(), TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert))));
+        }
+    });
+    std::atomic<int> wrong = 0;
+    std::thread other([&] {
+        for (int round = 0; round < 300; ++round) {
+            wrong += controls::FindByNumbers(tree.Host(), "40") == items[39] ? 0 : 1;
+        }
+    });
+    for (int round = 0; round < 300; ++round) {
+        EXPECT_EQ(controls::FindByNames(tree.Host(), "40"), items[20]);
+    }
+    other.join();
     EXPECT_EQ(wrong, 0);
 }
 
