@@ -1,12 +1,12 @@
-"""The jobs with Ghosthand, late bound with pywin32."""
+"""The jobs with Ghosthand, early bound with pywin32."""
 
-import win32com.client
+from win32com.client import gencache
 
 import jobs
 
 
 def window(caption="Peers"):
-    return win32com.client.Dispatch("Ghosthand.Ghosthand").MainWindow("sample_host", caption, "", 0, 60)
+    return gencache.EnsureDispatch("Ghosthand.Ghosthand").MainWindow("sample_host", caption, "", 0, 60)
 
 
 def find():

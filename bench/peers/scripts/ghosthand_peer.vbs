@@ -15,7 +15,7 @@ Const kEdit = 1001
 Const kLastOfMany = 10999
 Const kFinds = 20
 
-Dim begin, texts
+Dim begin, texts, count
 
 ' Without this, Wine's cscript ends in silence on the first error.
 On Error Resume Next
@@ -28,7 +28,8 @@ Sub Run(job)
     caption = "Peers"
     If job = "find" Then caption = "Many children"
     Set host = CreateObject("Ghosthand.Ghosthand").MainWindow("sample_host", caption, "", 0, 60)
-    texts = ""
+    texts = Split(Space(999)) ' room for a thousand
+    count = 0
     Select Case job
         Case "find": Find host
         Case "list": ReadList host.ListView(kList)
@@ -40,11 +41,12 @@ Sub Run(job)
         Case "rounds": PlayRounds host, CLng(WScript.Arguments(1))
     End Select
     WScript.Echo "time " & CLng((Timer - begin) * 1000)
-    If texts <> "" Then WScript.Echo texts
+    If count > 0 Then WScript.Echo Join(texts, vbCrLf)
 End Sub
 
 Sub AddText(text)
-    texts = texts & "text " & text & vbCrLf
+    texts(count) = "text " & text
+    count = count + 1
 End Sub
 
 Sub Find(many)
@@ -115,12 +117,12 @@ Sub FillForm(host)
     dialog.Button("OK").Click
 End Sub
 
-Sub PlayRounds(host, count)
+Sub PlayRounds(host, last)
     Dim result, dialog, number, text
     Set result = host.ChildWindow("", "Static", kResult)
     begin = Timer
     host.Synchronization = False ' the dialog comes later anyway: ActiveDialog waits for it
-    For number = 1 To count
+    For number = 1 To last
         host.Command kQuestion
         Set dialog = host.ActiveDialog()
         dialog.Edit(kEdit).Text = "value " & number

@@ -1,5 +1,9 @@
 """The jobs with pywinauto, backend "win32", its own pauses taken out as its manual tells."""
 
+import sys
+
+sys.modules["comtypes"] = None  # the other backend's: Wine has no UI Automation
+
 from pywinauto import Desktop
 from pywinauto.timings import Timings, wait_until
 
