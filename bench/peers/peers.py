@@ -36,7 +36,7 @@ def command_of(peer):
     if peer == "autohotkey":
         return ["wine", os.environ["PEERS_AUTOHOTKEY"], "/ErrorStdOut", SCRIPTS + "/peer.ahk"]
     if peer == "vbscript":
-        return ["wine", "cscript.exe", "//nologo", SCRIPTS + "/ghosthand_peer.vbs"]
+        return ["wine", r"C:\windows\system32\cscript.exe", "//nologo", SCRIPTS + "/ghosthand_peer.vbs"]
     return ["wine", PYTHON, SCRIPTS + f"/{'ghosthand' if peer == 'python' else peer}_peer.py"]
 
 
@@ -48,7 +48,7 @@ class Job:
     texts: list = field(default_factory=list)
     journal: list = field(default_factory=list)
     host: tuple = ()
-    limit: int = 120  # seconds
+    limit: int = 60  # seconds
     counts: str = "runs"  # what is counted where something goes wrong
     cannot: tuple = ()  # peers that have nothing for it
 

@@ -67,7 +67,7 @@ def form():
     def fill():
         command(jobs.FORM)
         dialog = "[TITLE:Form; CLASS:#32770]"
-        autoit.win_wait(dialog, 10)
+        autoit.win_wait_active(dialog, 10)
         for number, name in enumerate(jobs.NAMES):
             autoit.control_set_text(dialog, identified(jobs.FIELD + number), name)
         for number in (4, 5, 6):
@@ -88,14 +88,14 @@ def rounds():
         dialog = "[TITLE:Question; CLASS:#32770]"
         for number in range(1, jobs.ROUNDS + 1):
             autoit.control_command_by_handle(host, bar, "SendCommandID", extra=str(jobs.QUESTION))
-            autoit.win_wait(dialog, 10)
+            autoit.win_wait_active(dialog, 10)
             autoit.control_set_text(dialog, identified(jobs.EDIT), f"value {number}")
             autoit.control_click(dialog, "[ID:1]")
             while not (text := autoit.control_get_text_by_handle(host, result)):
                 pass
             yield text
 
-    return lambda: list(play())
+    return play
 
 
 jobs.run({"find": find, "list": read_list, "tree": read_tree, "select": select, "menus": menus, "form": form,

@@ -4,9 +4,17 @@ from win32com.client import gencache
 
 import jobs
 
+WM_COMMAND = 0x111
+
 
 def window(caption="Peers"):
     return gencache.EnsureDispatch("Ghosthand.Ghosthand").MainWindow("sample_host", caption, "", 0, 60)
+
+
+def quick(control):
+    """The same object, whose actions do not wait for the program: as the other tools' do not."""
+    control.Synchronization = False
+    return control
 
 
 def find():
@@ -25,12 +33,12 @@ def read_tree():
 
 
 def select():
-    tree = window().TreeCtrl(jobs.DEEP_TREE)
+    tree = quick(window().TreeCtrl(jobs.DEEP_TREE))
     return lambda: tree.SelectItemByPath("Assembly 9|Part 9|Feature 99") and None
 
 
 def tools():
-    bar = window().Toolbar("", jobs.BAR)
+    bar = quick(window().Toolbar("", jobs.BAR))
 
     def press():
         for number in range(50):
@@ -40,15 +48,12 @@ def tools():
 
 
 def menus():
-    host = window()
+    host = quick(window())
 
     def choose():
-        # Commands that need not be waited for one by one; the last one waits for all.
-        host.Synchronization = False
-        for number in range(49):
-            host.Command(jobs.FIRST_COMMAND + number)
-        host.Synchronization = True
-        host.Command(jobs.FIRST_COMMAND + 49)
+        # As the other tools do it: sent, so that each is done when the next one goes out.
+        for number in range(50):
+            host.SendMessage(WM_COMMAND, jobs.FIRST_COMMAND + number)
 
     return choose
 
@@ -60,14 +65,14 @@ def form():
         host.Command(jobs.FORM)
         dialog = host.ActiveDialog()
         for number, name in enumerate(jobs.NAMES):
-            dialog.Edit(jobs.FIELD + number).Text = name
-        dialog.CheckBox("", jobs.FIELD + 4).Checked = True
-        dialog.CheckBox("", jobs.FIELD + 5).Checked = True
-        dialog.Button("", jobs.FIELD + 6).Click()
-        dialog.ComboBox(jobs.FIELD + 7).SelectItem(3)
-        dialog.ComboBox(jobs.FIELD + 8).SelectItem(1)
-        dialog.ListBox(jobs.FIELD + 9).SelectItem(4)
-        dialog.Button("OK").Click()
+            quick(dialog.Edit(jobs.FIELD + number)).Text = name
+        quick(dialog.CheckBox("", jobs.FIELD + 4)).Checked = True
+        quick(dialog.CheckBox("", jobs.FIELD + 5)).Checked = True
+        quick(dialog.Button("", jobs.FIELD + 6)).Click()
+        quick(dialog.ComboBox(jobs.FIELD + 7)).SelectItem(3)
+        quick(dialog.ComboBox(jobs.FIELD + 8)).SelectItem(1)
+        quick(dialog.ListBox(jobs.FIELD + 9)).SelectItem(4)
+        dialog.Button("OK").Click()  # waits for all of it
 
     return fill
 
@@ -81,13 +86,13 @@ def rounds():
         for number in range(1, jobs.ROUNDS + 1):
             host.Command(jobs.QUESTION)
             dialog = host.ActiveDialog()
-            dialog.Edit(jobs.EDIT).Text = f"value {number}"
-            dialog.Button("OK").Click()
+            quick(dialog.Edit(jobs.EDIT)).Text = f"value {number}"
+            quick(dialog.Button("OK")).Click()
             while not (text := result.Text):
                 pass
             yield text
 
-    return lambda: list(play())
+    return play
 
 
 jobs.run({"find": find, "list": read_list, "tree": read_tree, "select": select, "tools": tools, "menus": menus,

@@ -17,7 +17,11 @@ def run(jobs):
     """Runs the job that the command line names: prepare() gives what is measured, which answers the texts it read."""
     job = jobs[sys.argv[1]]()
     begin = time.perf_counter()
-    texts = job()
-    print("time", round((time.perf_counter() - begin) * 1000, 3))
-    print("\n".join(f"text {text}" for text in texts or []))
+    texts = []
+    try:
+        for text in job() or ():
+            texts.append(text)
+        print("time", round((time.perf_counter() - begin) * 1000, 3))
+    finally:
+        print("\n".join(f"text {text}" for text in texts))
     print("Done", flush=True)

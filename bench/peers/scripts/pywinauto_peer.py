@@ -5,6 +5,7 @@ import sys
 sys.modules["comtypes"] = None  # the other backend's: Wine has no UI Automation
 
 from pywinauto import Desktop
+from pywinauto import win32defines
 from pywinauto.timings import Timings, wait_until
 
 import jobs
@@ -42,7 +43,13 @@ def read_tree():
 
 def select():
     tree = control(jobs.DEEP_TREE)
-    return lambda: tree.get_item(r"\Assembly 9\Part 9\Feature 99").select() and None
+
+    def choose():
+        # What select() does once it has brought the tree to the front, which Wine allows for top-level windows only.
+        item = tree.get_item(r"\Assembly 9\Part 9\Feature 99")
+        tree.send_message(win32defines.TVM_SELECTITEM, win32defines.TVGN_CARET, item.elem)
+
+    return choose
 
 
 def tools():
@@ -101,7 +108,7 @@ def rounds():
             wait_until(10, 0.01, lambda: result.window_text() != "")
             yield result.window_text()
 
-    return lambda: list(play())
+    return play
 
 
 jobs.run({"find": find, "list": read_list, "tree": read_tree, "select": select, "tools": tools, "menus": menus,

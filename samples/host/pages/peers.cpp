@@ -93,19 +93,17 @@ void AddToolBar(HWND window) {
                                          .id = ids::kPeersBar});
     SendMessageA(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     for (int number = 0; number < kButtons; ++number) {
-        std::string text =
-            "Tool " + std::to_string(number) + '\0'; // a list of texts, which ends with one more NUL
-        const auto string = SendMessageA(bar, TB_ADDSTRINGA, 0, reinterpret_cast<LPARAM>(text.c_str()));
-        const TBBUTTON button{I_IMAGENONE,
-                              static_cast<int>(ids::kFirstPeersTool) + number,
-                              TBSTATE_ENABLED,
-                              BTNS_BUTTON | BTNS_AUTOSIZE,
-                              {},
-                              0,
-                              string};
+        const int command = static_cast<int>(ids::kFirstPeersTool) + number;
+        const TBBUTTON button{I_IMAGENONE, command, TBSTATE_ENABLED, BTNS_BUTTON | BTNS_AUTOSIZE, {}, 0, 0};
         SendMessageA(bar, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&button));
+        std::string text = "Tool " + std::to_string(number);
+        TBBUTTONINFOA info{};
+        info.cbSize = sizeof info;
+        info.dwMask = TBIF_TEXT;
+        info.pszText = text.data();
+        SendMessageA(bar, TB_SETBUTTONINFOA, static_cast<WPARAM>(command), reinterpret_cast<LPARAM>(&info));
     }
-    SendMessageA(bar, TB_SETROWS, MAKEWPARAM(4, TRUE), 0);
+    SendMessageA(bar, TB_SETROWS, MAKEWPARAM(5, TRUE), 0);
 }
 
 HWND AddTree(HWND window, int id, const Area& area) {
