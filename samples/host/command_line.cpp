@@ -45,6 +45,8 @@ std::optional<Options> ParseCommandLine(int count, char** arguments, std::string
             options.pages.push_back(value);
         } else if (option == "--log") {
             options.logFile = value;
+        } else if (option == "--journal") {
+            options.journalFile = value;
         } else if (option == "--script") {
             options.script.file = value;
         } else if (option == "--output") {

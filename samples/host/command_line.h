@@ -15,6 +15,7 @@ inline constexpr char kUsage[] =
     "sample_host [options]\n"
     "  --page NAME          opens a page at the start; may be given several times\n"
     "  --log FILE           writes the messages that its windows get to FILE, line by line\n"
+    "  --journal FILE       writes what happens to the window of the page \"peers\" to FILE\n"
     "  --misbehave NAME[=NUMBER][@CONTROL ID]\n"
     "                       misbehaves, at once or when the control exists (host_misbehaviour.h)\n"
     "  --many-children N    opens a window with N descendants\n"
@@ -30,6 +31,7 @@ inline constexpr char kUsage[] =
 struct Options {
     std::vector<std::string> pages;
     std::string logFile;
+    std::string journalFile;
     std::vector<MisbehaviourOrder> misbehaviours;
     int manyChildren = 0;
     std::string frameClass;

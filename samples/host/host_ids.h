@@ -60,6 +60,7 @@ enum Command : unsigned {
     kPageOptions = 611,      // modeless dialog "Options" with an option tree
     kPageRibbon = 612,       // modeless dialog "Customise ribbon"
     kPageLargeData = 613,    // MDI page "Large data": a grid of 100 x 100 and a tree of 1000 options
+    kPagePeers = 614,        // window "Peers": what is measured of several tools
     kPageTrees = 630,        // MDI page "Trees": four tree views
     kPageListViews = 631,    // MDI page "List views": four list views
     kPageListBoxes = 620,    // MDI page "List boxes"
@@ -111,6 +112,11 @@ enum Command : unsigned {
     kItemDelete = 763,       // "Delete"
     kFirstManyButton = 2000, // "Button 0" and on, on the bar of 200 buttons
     kFirstManyItem = 3000,   // "Item 0" and on, in the menu of 500 items
+    // The window "Peers"
+    kFirstPeersCommand = 4000, // "Command 0" to "Command 49" in "Menu 0" to "Menu 4"
+    kFirstPeersTool = 4100,    // "Tool 0" to "Tool 49" on its tool bar
+    kPeersForm = 4200,         // opens the modal dialog "Form"
+    kPeersQuestion = 4201,     // opens the modal dialog "Question", late; its text becomes the result, late
     // &Window
     kWindowCascade = 401,
     kWindowTileHorizontally = 402,
@@ -192,6 +198,14 @@ enum Control : unsigned {
     kVerticalBar = 1231,       // track bar from -50 to 50
     kManualTriStateBox = 1240, // BS_3STATE: the page itself advances it
     kStubbornBox = 1241,       // BS_CHECKBOX: never changes
+    // The window "Peers"
+    kPeersBar = 1300,      // "ToolbarWindow32" with 50 buttons
+    kPeersList = 1301,     // "Row 0" to "Row 999"
+    kPeersTree = 1302,     // "Node 0" to "Node 999", no branches
+    kPeersDeepTree = 1303, // "Assembly 0" to 9, each with "Part 0" to 9, each with "Feature 0" to 99
+    kPeersResult = 1304,   // static text
+    // The dialog "Form": four edit controls, two check boxes, a radio button, two combo boxes, a list box
+    kFirstPeersField = 1310,
     // --many-children N: descendants have the ids from kFirstOfMany on, the last one is an edit control.
     kFirstOfMany = 10000,
 };

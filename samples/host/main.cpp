@@ -3,6 +3,7 @@
 #include "command_line.h"
 #include "frame.h"
 #include "host_ids.h"
+#include "journal.h"
 #include "log_writer.h"
 #include "message_loop.h"
 #include "message_names.h"
@@ -52,6 +53,8 @@ int Run(const Options& options) {
         SetDpiAwareness(options.dpiAwareness);
     if (!options.logFile.empty() && !Log().OpenFile(options.logFile))
         return Fail(options.logFile + ": cannot be written");
+    if (!options.journalFile.empty() && !OpenJournal(options.journalFile))
+        return Fail(options.journalFile + ": cannot be written");
 
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&classes);

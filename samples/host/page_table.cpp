@@ -22,6 +22,7 @@ void OpenManyItemsPage();
 void OpenOptionsDialog();
 void OpenPaletteDialog();
 void OpenPanelsPage();
+void OpenPeersWindow();
 void OpenRibbonDialog();
 void OpenSaveDrawingDialog();
 void OpenSettingsDialog();
@@ -47,6 +48,7 @@ constexpr Page kPages[] = {
     {"options", ids::kPageOptions, "&Options", OpenOptionsDialog},
     {"ribbon", ids::kPageRibbon, "Customise &ribbon", OpenRibbonDialog},
     {"large-data", ids::kPageLargeData, "Lar&ge data", OpenLargeDataPage},
+    {"peers", ids::kPagePeers, "Pee&rs", OpenPeersWindow},
     {"trees", ids::kPageTrees, "&Trees", OpenTreesPage},
     {"list-views", ids::kPageListViews, "List &views", OpenListViewsPage},
     {"list-boxes", ids::kPageListBoxes, "List &boxes", OpenListBoxesPage},

@@ -55,7 +55,10 @@ private:
         // An enumeration of descendants needs no question whether they are.
         static_assert(kWindowTests[0] == WindowTest::Place);
         const bool hasPlace = m_amongDescendants && Has(kAnyDescendant);
-        return std::all_of(std::begin(kWindowTests) + (hasPlace ? 1 : 0), std::end(kWindowTests),
+        // A number that is asked for is what most windows lack, and the cheapest question: visibility costs
+        // one for each window above.
+        return m_tests.Passes(WindowTest::Id, window) &&
+               std::all_of(std::begin(kWindowTests) + (hasPlace ? 1 : 0), std::end(kWindowTests),
                            [&](WindowTest test) { return m_tests.Passes(test, window); });
     }
 
