@@ -13,6 +13,7 @@ import sys
 import threading
 import time
 from dataclasses import dataclass, field
+from itertools import zip_longest
 from pathlib import Path
 from statistics import median
 
@@ -123,6 +124,13 @@ def misses(wanted, got):
     return sum(a != b for a, b in zip(wanted, got)) + abs(len(wanted) - len(got))
 
 
+def first_miss(wanted, got):
+    for a, b in zip_longest(wanted, got, fillvalue="nothing"):
+        if a != b:
+            return f", first {b!r} instead of {a!r}"
+    return ""
+
+
 def judge(job, lines, journal):
     """What a script's output and the host's journal are worth."""
     times = [float(line.split()[1]) for line in lines if re.fullmatch(r"time [\d.]+", line)]
@@ -132,6 +140,7 @@ def judge(job, lines, journal):
     reason = ""
     if wrong:
         reason = f"{wrong} of {max(len(job.texts), len(job.journal))} wrong"
+        reason += first_miss(job.journal, seen(job, journal)) or first_miss(job.texts, texts)
     if not done:
         reason = next((line for line in reversed(lines) if line.strip()), "no output")
         wrong = max(wrong, 1)
@@ -252,7 +261,7 @@ def short(all_jobs, results):
 
 def main():
     parser = argparse.ArgumentParser()
-    parser.add_argument("--runs", type=int, default=5)
+    parser.add_argument("--runs", type=int, default=3)
     parser.add_argument("--rounds", type=int, default=200)
     parser.add_argument("--jobs", default="")
     parser.add_argument("--peers", default=",".join(PEERS))

@@ -111,9 +111,10 @@ Sub FillForm(host)
     For number = 0 To 3
         Quick(dialog.Edit(kField + number)).Text = names(number)
     Next
-    Quick(dialog.CheckBox("", kField + 4)).Checked = True
-    Quick(dialog.CheckBox("", kField + 5)).Checked = True
-    Quick(dialog.Button("", kField + 6)).Click
+    ' Clicks wait each for itself: the next look or the next change of the focus would come too early.
+    dialog.CheckBox("", kField + 4).Checked = True
+    dialog.CheckBox("", kField + 5).Checked = True
+    dialog.Button("", kField + 6).Click
     Quick(dialog.ComboBox(kField + 7)).SelectItem 3
     Quick(dialog.ComboBox(kField + 8)).SelectItem 1
     Quick(dialog.ListBox(kField + 9)).SelectItem 4

@@ -23,7 +23,7 @@ constexpr int kBranches = 10;
 constexpr int kLeaves = 100;      // on each branch of each branch: 10,000
 constexpr unsigned kLatest = 150; // milliseconds
 
-enum Timer : UINT_PTR { kQuestionTimer = 1, kResultTimer = 2 };
+enum Timer : UINT_PTR { kQuestionTimer = 1, kResultTimer = 2, kReadyTimer = 3 };
 
 int round = 0;
 std::string answer;
@@ -271,6 +271,10 @@ void OnCommand(HWND window, unsigned command) {
 
 void OnTimer(HWND window, UINT_PTR timer) {
     KillTimer(window, timer);
+    if (timer == kReadyTimer) {
+        Note("ready");
+        return;
+    }
     if (timer == kQuestionTimer) {
         AskQuestion(window);
         return;
@@ -317,7 +321,7 @@ void OpenPeersWindow() {
     AddTrees(window);
     AddControl(window, {.className = "Static", .area = {10, 460, 500, 20}, .id = ids::kPeersResult});
     ShowWindow(window, SW_SHOW);
-    Note("ready");
+    SetTimer(window, kReadyTimer, 0, nullptr); // comes when nothing is left to be painted
 }
 
 } // namespace sample_host
