@@ -26,8 +26,8 @@ ScopedHook::~ScopedHook() {
 bool RemoveFiredHook(volatile std::uint64_t& published) noexcept {
     const std::uint64_t fired = published;
     const bool removed = UnhookWindowsHookEx(ToHook(fired)) != FALSE;
-    // The signal of another module can come by before the installer has published the hook.
-    if (removed && published == fired) {
+    // The signal of another module can come by before the installer publishes its hook.
+    if (fired != 0 && published == fired) {
         published = 0;
     }
     return removed;

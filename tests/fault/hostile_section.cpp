@@ -146,7 +146,8 @@ public:
     std::vector<std::string> Unknown(const DrivenProgram& program) {
         std::vector<std::string> found;
         for (const sample_host::LogRecord& record : program.Log().Records()) {
-            if (!IsRequest(record.message) || !m_known.insert({record.name, record.message}).second)
+            if (!IsRequest(record.message) || IsOfACaption(record) ||
+                !m_known.insert({record.name, record.message}).second)
                 continue;
             char text[96];
             wsprintfA(text, "0x%X to %s", record.message, record.name);
@@ -156,6 +157,13 @@ public:
     }
 
 private:
+    // What the system makes of a real click that has met a caption or a border: a script that is disturbed
+    // may look for its place in vain.
+    static bool IsOfACaption(const sample_host::LogRecord& record) {
+        const auto command = record.wParam & 0xFFF0;
+        return record.message == WM_SYSCOMMAND && (command == SC_MOVE || command == SC_SIZE) &&
+               command != record.wParam;
+    }
     // What moves, shows and paints windows comes whenever it likes.
     static bool IsRequest(UINT message) {
         static const std::set<UINT> kLink = {
