@@ -52,6 +52,8 @@ WARNINGS = [
     "-Wno-deprecated-declarations",
 ]
 
+WORDS_OF_GNU = re.compile(r"\b(__attribute__|__typeof__|__extension__|asm|__builtin_(?!FUNCTION\b)\w+)\b")
+
 
 def standard_library():
     """The folders of the headers of the standard library that the cross build uses."""
@@ -80,6 +82,18 @@ def check(entry, headers, preludes):
     return subprocess.run(command, cwd=entry["directory"], capture_output=True, text=True).stderr
 
 
+def words_of_gnu(path):
+    """What clang takes without a word in any mode, outside of conditions of the preprocessor."""
+    depth = 0
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+        if re.match(r"\s*#\s*if", line):
+            depth += 1
+        elif re.match(r"\s*#\s*endif", line):
+            depth -= 1
+        elif depth == 0 and (word := WORDS_OF_GNU.search(line.split("//")[0])):
+            yield f"{path}:{number}: warning: {word[0]} is GNU's"
+
+
 def main(paths):
     subprocess.run([ROOT / "tools/wine/setup.sh", "clang-19"], check=True)
     subprocess.run(["cmake", "--preset", "cross", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON"],
@@ -103,6 +117,9 @@ def main(paths):
             answers = workers.map(lambda entry: check(entry, headers, preludes), entries.values())
             found = sorted({line for answer in answers for line in answer.splitlines()
                             if re.search(r": (warning|error|fatal error): ", line)})
+    files = {file for path in [*wanted, ROOT / "include"]
+             for file in ([path] if path.is_file() else path.rglob("*")) if file.suffix in (".h", ".cpp")}
+    found += [line for file in sorted(files) for line in words_of_gnu(file)]
     print(*found, sep="\n", end="\n" if found else "")
     print(f"==> {len(found)} found in {len(entries)} files")
     return 1 if found else 0
