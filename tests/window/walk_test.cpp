@@ -77,10 +77,12 @@ struct Watch {
 };
 Watch watch;
 
+// Not the lengths of texts: for these the system asks by itself, on a text's way to another thread.
 bool IsOfWalks(UINT message) {
-    return (message >= WM_USER && message < 0x8000) || (message >= LB_ADDSTRING && message < LB_MSGMAX) ||
-           (message >= CB_GETEDITSEL && message < CB_MSGMAX) ||
-           message == hostlink::MSG_OT_RequestInformation;
+    return message != LB_GETTEXTLEN && message != CB_GETLBTEXTLEN &&
+           ((message >= WM_USER && message < 0x8000) || (message >= LB_ADDSTRING && message < LB_MSGMAX) ||
+            (message >= CB_GETEDITSEL && message < CB_MSGMAX) ||
+            message == hostlink::MSG_OT_RequestInformation);
 }
 
 LRESULT CALLBACK WatchProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

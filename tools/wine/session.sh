@@ -13,6 +13,10 @@ export WINEDEBUG=${WINEDEBUG:--all}
 # the user's home.
 export WINEDLLOVERRIDES='mscoree,mshtml,winedbg.exe,winemenubuilder.exe='
 
+# Language, code page and the character set of file names are the same on every machine, whoever starts the script.
+export LC_ALL=C.UTF-8
+unset LANGUAGE
+
 session_prefix_open=
 session_display_pid=
 session_disposable_prefix=
