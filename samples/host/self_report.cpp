@@ -1,6 +1,7 @@
 #include "self_report.h"
 
 #include <atomic>
+#include <initializer_list>
 
 namespace sample_host {
 namespace {
