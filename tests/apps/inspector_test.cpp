@@ -299,29 +299,41 @@ TEST_F(Inspector, WorksOnWhileAProgramHangs) {
 TEST_F(Inspector, PicksWhatTheCrossIsDroppedOn) {
     const SampleHost host("--page cad");
     const HWND grid = host.WaitForWindow("CAD.1103");
-    // Beside one another, so that nothing covers the target.
-    SetWindowPos(m_handle, nullptr, 0, 500, 950, 520, SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowPos(host.Frame(), HWND_TOP, 0, 0, 1200, 480, SWP_NOACTIVATE);
+    // Beside one another and above what other tests may have left, so that nothing covers them.
+    SetWindowPos(m_handle, HWND_TOPMOST, 0, 500, 950, 520, SWP_NOACTIVATE);
+    SetWindowPos(host.Frame(), HWND_TOPMOST, 0, 0, 1200, 480, SWP_NOACTIVATE);
     RECT area{};
     GetWindowRect(grid, &area);
-    RECT cross{};
-    GetWindowRect(GetDlgItem(m_handle, ids::kCrosshair), &cross);
+    const HWND cross = GetDlgItem(m_handle, ids::kCrosshair);
     const auto send = [](DWORD flags) {
         INPUT input{};
         input.type = INPUT_MOUSE;
         input.mi.dwFlags = flags;
         SendInput(1, &input, sizeof input);
     };
-    SetForegroundWindow(m_handle);
-    SetCursorPos(cross.left + 20, cross.top + 20);
-    send(MOUSEEVENTF_LEFTDOWN);
-    // A busy machine: the mouse must not leave the cross before it has taken the press.
-    ASSERT_TRUE(Eventually([&] {
+    const auto isTakenUp = [&] {
         GUITHREADINFO input{};
         input.cbSize = sizeof input;
         return GetGUIThreadInfo(GetWindowThreadProcessId(m_handle, nullptr), &input) != FALSE &&
-               input.hwndCapture == GetDlgItem(m_handle, ids::kCrosshair);
-    })) << "the cross was not taken up";
+               input.hwndCapture == cross;
+    };
+    SetForegroundWindow(m_handle);
+    RECT place{};
+    // A busy machine: the mouse must not leave the cross before it has taken the press, and a press can come
+    // before its window is where it belongs.
+    ASSERT_TRUE(Eventually([&] {
+        GetWindowRect(cross, &place);
+        SetCursorPos(place.left + 20, place.top + 20);
+        send(MOUSEEVENTF_LEFTDOWN);
+        for (int waited = 0; waited < 100 && !isTakenUp(); ++waited) {
+            Sleep(50);
+        }
+        if (!isTakenUp()) {
+            send(MOUSEEVENTF_LEFTUP);
+        }
+        return isTakenUp();
+    })) << "the cross was not taken up; under the mouse is "
+        << std::hex << WindowFromPoint({place.left + 20, place.top + 20}) << ", not " << cross;
     for (const int step : {8, 20, 30}) {
         SetCursorPos(area.left + step, area.top + step);
         send(MOUSEEVENTF_MOVE);
