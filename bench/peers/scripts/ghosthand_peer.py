@@ -29,7 +29,7 @@ def read_list():
 
 def read_tree():
     tree = window().TreeCtrl(jobs.TREE)
-    return lambda: [tree.ItemByNum(number).Text for number in range(1, 1001)]
+    return lambda: [tree.ItemByNumPath(str(number)).Text for number in range(1, 1001)]
 
 
 def select():

@@ -75,7 +75,7 @@ Sub ReadTree(tree)
     Dim number
     begin = Timer
     For number = 1 To 1000
-        AddText tree.ItemByNum(number).Text
+        AddText tree.ItemByNumPath(CStr(number)).Text
     Next
 End Sub
 
