@@ -155,7 +155,7 @@ void MeasureBars(bench::Report& report) {
     using controlbars::ButtonPosition;
     const auto byId = [&](int id) { Require(toolbar.GetItemByID("", id)->IsValid()); };
     const auto byIdAcross = [&](int id) {
-        Across<ButtonPosition, controlbars::StepToId>(toolbar.Host(), {}, {.id = id});
+        Across<ButtonPosition, controlbars::StepToId>(toolbar.Host(), {}, {{}, id});
         toolbar.ItemsCount(); // which the item's object asks for
         toolbar.ItemsCount();
     };

@@ -15,30 +15,22 @@
 
 namespace {
 
-// A window that claims more buttons than there are commands is not believed: to read them all would take
-// hours.
-constexpr int kMostButtons = 0x10000;
+constexpr int kMostButtons = 0x10000; // as many as there are commands
 
 int CountButtons(HWND toolbar) noexcept {
     return static_cast<int>(SendMessageA(toolbar, TB_BUTTONCOUNT, 0, 0));
 }
 
-// `test(button)` tells whether it is the one that is looked for.
-template <class Test>
-bool StepToButton(const hostlink::HostWindow& toolbar, controlbars::ButtonPosition& position, Test test) {
-    if (position.index < 0) {
-        const int count = CountButtons(toolbar.window);
-        position.count = count <= kMostButtons ? count : 0;
-        position.index = 0;
-    } else {
-        const auto button = controlbars::ReadButton(toolbar, position.index);
-        if (button && (button->style & BTNS_SEP) == 0 && test(*button)) {
-            position.found = position.index;
-        } else {
-            ++position.index;
-        }
-    }
-    return position.found < 0 && position.index < position.count;
+// `isMeant(button)` is asked of buttons that are no separators.
+template <class IsMeant>
+bool StepToButton(const hostlink::HostWindow& toolbar, controlbars::ButtonPosition& position,
+                  IsMeant isMeant) {
+    return hostlink::StepToItem(
+        position, kMostButtons, [&] { return CountButtons(toolbar.window); },
+        [&](int index) {
+            const auto button = controlbars::ReadButton(toolbar, index);
+            return button && (button->style & BTNS_SEP) == 0 && isMeant(*button);
+        });
 }
 
 } // namespace
@@ -56,7 +48,7 @@ std::unique_ptr<ghControlBarItem> ghToolbar::GetItemByID(const std::string& capt
 int ghToolbar::FindIndex(const std::string& caption, int id) const {
     using controlbars::ButtonPosition;
     if (id != 0) {
-        ButtonPosition position = {.id = id};
+        ButtonPosition position = {{}, id};
         hostlink::Walk<ButtonPosition, controlbars::StepToId>(Host(), {}, position);
         if (position.found >= 0) {
             return position.found;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "controlbars/ghControlBar.h"
+#include "hostlink/indexed_walk.h"
 
 class ghToolbar : public ghControlBar {
 public:
@@ -25,11 +26,8 @@ private:
 namespace controlbars {
 
 // The walks over a tool bar's buttons that are no separators, and where they stand.
-struct ButtonPosition {
-    std::int32_t id = 0;
-    std::int32_t index = -1; // -1: the walk has not begun
-    std::int32_t count = 0;
-    std::int32_t found = -1;
+struct ButtonPosition : hostlink::IndexedPosition {
+    std::int32_t id = 0; // of the button that is looked for
 };
 bool StepToId(const hostlink::HostWindow& toolbar, std::string_view, ButtonPosition& position);
 bool StepToCaption(const hostlink::HostWindow& toolbar, std::string_view caption, ButtonPosition& position);

@@ -32,8 +32,7 @@ bool ghOptionTree::StepAlongPath(const hostlink::HostWindow& control, std::strin
         position.hasBegun = 1;
         position.item = tree.RootItem().ChildItem().m_item;
     } else if (item.Label() == label) {
-        std::size_t end = behind;
-        if (engine::NextPathToken(path, engine::kOptionTreePath, end).empty()) {
+        if (!engine::HasPathToken(path, engine::kOptionTreePath, behind)) {
             return false;
         }
         position = {

@@ -41,8 +41,7 @@ bool StepAlong(const hostlink::HostWindow& tree, std::string_view path, const en
         position.item = Related(tree.window, TVGN_NEXT, position.item);
         ++position.passed;
     } else {
-        std::size_t end = behind;
-        if (engine::NextPathToken(path, kind, end).empty()) {
+        if (!engine::HasPathToken(path, kind, behind)) {
             return false;
         }
         position.item = FirstBelow(tree.window, position.item);

@@ -25,6 +25,10 @@ std::string_view NextPathToken(std::string_view path, const PathKind& kind, std:
     return path.substr(begin, at - begin);
 }
 
+bool HasPathToken(std::string_view path, const PathKind& kind, std::size_t at) noexcept {
+    return path.find_first_not_of(kind.separators, at) != std::string_view::npos;
+}
+
 int PathNumber(std::string_view token) noexcept {
     token.remove_prefix(std::min(token.find_first_not_of(" \t\n\v\f\r"), token.size()));
     const bool negative = token.starts_with('-');

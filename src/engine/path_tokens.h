@@ -28,6 +28,8 @@ std::optional<std::vector<std::string>> PathTokens(std::string_view path, const 
 
 // The first token behind `at`, which is moved behind it; empty, as no token is, if there is none.
 std::string_view NextPathToken(std::string_view path, const PathKind& kind, std::size_t& at) noexcept;
+// Whether there is a token behind `at`.
+bool HasPathToken(std::string_view path, const PathKind& kind, std::size_t at) noexcept;
 
 // A token as a number, as atoi reads it: leading white space and one sign, digits up to the first other
 // character, 0 without digits. A number out of range becomes the greatest or least int.

@@ -14,4 +14,8 @@ struct HostWindow {
     DWORD threadId = 0; // 0 where the window is null or gone
 };
 
+inline bool IsOfThisThread(const HostWindow& host) noexcept {
+    return host.threadId == GetCurrentThreadId();
+}
+
 } // namespace hostlink

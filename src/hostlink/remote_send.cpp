@@ -70,16 +70,16 @@ void SendPublishedWithString(Request& request) noexcept {
 // left alone, with the hook: a signal that its sender has given up can still come by.
 LRESULT OnCall(int code, WPARAM wParam, LPARAM lParam, bool hasText, void (*send)(Request&)) noexcept {
     const CWPSTRUCT* call = AwaitedCall(code, lParam, AwaitedSendRemotelyMessage());
-    if (call == nullptr || !IsSameWindow(call->hwnd, ToWindow(shared.remoteTarget))) {
-        return CallNext(shared.remoteHook, code, wParam, lParam);
+    if (call != nullptr && IsSameWindow(call->hwnd, ToWindow(shared.remoteTarget))) {
+        Request request(hasText);
+        if (RemoveFiredHook(shared.remoteHook) && MayBeSent(request.message) &&
+            HasRoomForDescriptor(request.stringOffset) && IsSealed(request)) {
+            send(request);
+            BreakSeal();
+        }
     }
-    Request request(hasText);
-    if (RemoveFiredHook(shared.remoteHook) && MayBeSent(request.message) &&
-        HasRoomForDescriptor(request.stringOffset) && IsSealed(request)) {
-        send(request);
-        BreakSeal();
-    }
-    return CallNextHookEx(nullptr, code, wParam, lParam);
+    // In any case: the hook of another module can wait for the same message.
+    return CallNext(shared.remoteHook, code, wParam, lParam);
 }
 
 LRESULT CALLBACK RemoteSendProcedure(int code, WPARAM wParam, LPARAM lParam) noexcept {
@@ -122,10 +122,6 @@ void CopyBack(const char (&left)[kRemoteDataSize], std::span<std::byte> block) n
 }
 
 // In the window's own thread there is nothing to carry.
-bool IsOwnThread(const HostWindow& target) noexcept {
-    return target.threadId == GetCurrentThreadId();
-}
-
 std::optional<LRESULT> SendHere(HWND window, UINT message, WPARAM wParam,
                                 std::span<std::byte> block) noexcept {
     if (!MayBeSent(message) || IsWindow(window) == FALSE) {
@@ -159,7 +155,7 @@ std::optional<LRESULT> TryRemoteSend(const HostWindow& target, UINT message, WPA
     if (block.size() > kRemoteDataSize) {
         return std::nullopt;
     }
-    if (IsOwnThread(target)) {
+    if (IsOfThisThread(target)) {
         return SendHere(target.window, message, wParam, block);
     }
     if (SendsThroughModule()) {
@@ -183,7 +179,7 @@ LRESULT RemoteSendWithString(const HostWindow& target, UINT message, WPARAM wPar
         text.clear();
         return 0;
     }
-    if (IsOwnThread(target)) {
+    if (IsOfThisThread(target)) {
         return SendHereWithString(target.window, message, wParam, block, stringOffset, text);
     }
     if (SendsThroughModule()) {

@@ -207,17 +207,16 @@ std::optional<Turn> Exchange(const OwnedWay& owned, const HostWindow& control, M
 LRESULT WalkSlice(int code, WPARAM wParam, LPARAM lParam, HOOKPROC slice, std::span<std::byte> position,
                   ErasedStep step) noexcept {
     const CWPSTRUCT* call = AwaitedCall(code, lParam, WalkMessage());
-    if (call == nullptr || call->wParam >= kWays) {
-        return CallNextHookEx(nullptr, code, wParam, lParam);
-    }
-    Way& way = ways[call->wParam];
-    Message message;
-    const bool isMeant = Fetch(way, message) && message.turn == Turn::Host &&
-                         message.walk == Identify(slice) && message.positionSize == position.size() &&
-                         IsSameWindow(call->hwnd, ToWindow(message.target));
-    // The hook goes before the first step, so that the messages of the walk do not pass it.
-    if (isMeant && RemoveFiredHook(way.hook)) {
-        Answer(way, message, position, step);
+    if (call != nullptr && call->wParam < kWays) {
+        Way& way = ways[call->wParam];
+        Message message;
+        const bool isMeant = Fetch(way, message) && message.turn == Turn::Host &&
+                             message.walk == Identify(slice) && message.positionSize == position.size() &&
+                             IsSameWindow(call->hwnd, ToWindow(message.target));
+        // The hook goes before the first step, so that the messages of the walk do not pass it.
+        if (isMeant && RemoveFiredHook(way.hook)) {
+            Answer(way, message, position, step);
+        }
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
@@ -225,7 +224,7 @@ LRESULT WalkSlice(int code, WPARAM wParam, LPARAM lParam, HOOKPROC slice, std::s
 bool WalkInHost(const HostWindow& control, std::string_view wanted, std::span<std::byte> position,
                 HOOKPROC slice) noexcept {
     // A program that is not the module has no procedure that the system could carry into the host.
-    if (control.threadId == 0 || control.threadId == GetCurrentThreadId() || SendsThroughModule() ||
+    if (control.threadId == 0 || IsOfThisThread(control) || SendsThroughModule() ||
         wanted.size() > kWalkTextSize) {
         return false;
     }

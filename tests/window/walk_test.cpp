@@ -367,8 +367,7 @@ public:
     int Walk(const GuiThread&, const HostWindow& control, std::mt19937& random, bool inside) const override {
         using Position = controlbars::ButtonPosition;
         if (random() % 2 == 0) {
-            return Take<Position, controlbars::StepToId>(inside, control, {}, {.id = Below(random, 14)})
-                .found;
+            return Take<Position, controlbars::StepToId>(inside, control, {}, {{}, Below(random, 14)}).found;
         }
         const std::string caption = random() % 4 == 0 ? "second" : RandomText(random);
         return Take<Position, controlbars::StepToCaption>(inside, control, caption).found;
