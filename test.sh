@@ -69,7 +69,8 @@ tools/wine/setup.sh --optional chromium chromium-driver python3-selenium
 build native
 build "$windows"
 if [[ $# == 0 && $windows == cross ]]; then
-    if tools/wine/setup.sh clang-19 lld-19; then
+    tools/wine/setup.sh --optional clang-19 lld-19
+    if [[ -n $(command -v clang++-19) && -n $(command -v ld.lld-19) ]]; then
         build cross-clang ghosthand
     else
         say "The module is not compiled with clang: clang 19 cannot be had here"

@@ -8,26 +8,15 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 source tools/wine/session.sh
 # shellcheck source=tests/clients/packages.sh
 source tests/clients/packages.sh
+# shellcheck source=tests/clients/client_session.sh
+source tests/clients/client_session.sh
 
 output=
 
-# start_session: a desktop with the server registered, and windows with frames, which Wine's own desktop draws.
+# start_session: a desktop for clients with the server registered.
 start_session() {
-    # shellcheck disable=SC2119
-    session_start
+    client_session_start "$GHOSTHAND_DLL"
     output=$WINEPREFIX/client.txt
-    session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null
-    session_run 60 reg.exe add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x1024 /f >/dev/null
-    # A program that waits for a key for ever: a desktop without programs closes, and whoever starts then meets that.
-    mkfifo "$WINEPREFIX/no_key"
-    exec 9<>"$WINEPREFIX/no_key"
-    wine cmd.exe /c pause <&9 >/dev/null 2>&1 7>&- &
-    session_run 60 regsvr32.exe /s "$GHOSTHAND_DLL" || fail "regsvr32 refused the server."
-}
-
-# install_python: as on a tester's machine, C:\python. Clients write into it (what they generate).
-install_python() {
-    cp -a --reflink=auto "$packages/python" "$WINEPREFIX/drive_c/python"
 }
 
 # run_windows PROGRAM [ARGUMENT...]: the program's output is shown and stays in $output. Its exit code.

@@ -1,7 +1,6 @@
 #include "fault/module_section.h"
 
-#include <cstring>
-#include <stdexcept>
+#include "support/section.h"
 
 namespace fault_tests {
 
@@ -9,16 +8,8 @@ namespace {
 
 constexpr std::size_t kPageSize = 4096;
 
-std::span<std::byte> Find(const std::wstring& path, const char (&name)[8]) {
-    const HMODULE module = GetModuleHandleW(path.c_str());
-    auto* const base = reinterpret_cast<std::byte*>(module);
-    const auto& dos = *reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos.e_lfanew);
-    const auto* section = IMAGE_FIRST_SECTION(headers);
-    for (int index = 0; index < headers->FileHeader.NumberOfSections; ++index, ++section)
-        if (std::memcmp(section->Name, name, sizeof name) == 0)
-            return {base + section->VirtualAddress, section->Misc.VirtualSize};
-    throw std::runtime_error(std::string("the module has no section ") + name);
+std::span<std::byte> Find(const std::wstring& path, const char* name) {
+    return support::SectionOf(GetModuleHandleW(path.c_str()), name);
 }
 
 UINT Registered(const char* name) {

@@ -14,6 +14,7 @@
 #include "hostlink/walk.h"
 #include "support/code_page.h"
 #include "support/gui_thread.h"
+#include "support/section.h"
 
 #include <gtest/gtest.h>
 
@@ -162,6 +163,18 @@ public:
                      bool inside) const = 0;
 };
 
+HTREEITEM InsertTreeItem(HWND tree, HTREEITEM parent, std::string text, HTREEITEM after = TVI_LAST,
+                         LPARAM number = 0) {
+    TVINSERTSTRUCTA insert = {};
+    insert.hParent = parent;
+    insert.hInsertAfter = after;
+    insert.item.mask = TVIF_TEXT | TVIF_PARAM;
+    insert.item.pszText = text.data();
+    insert.item.lParam = number;
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageA(tree, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert)));
+}
+
 class Trees : public Kind {
 public:
     const char* WindowClass() const override { return WC_TREEVIEWA; }
@@ -197,16 +210,10 @@ private:
     };
     void Insert(HWND window, std::mt19937& random) {
         const std::size_t above = static_cast<std::size_t>(random() % (m_items.size() + 1));
-        std::string text = RandomText(random);
-        TVINSERTSTRUCTA insert = {};
-        insert.hParent = above < m_items.size() ? m_items[above].handle : nullptr;
-        insert.hInsertAfter = random() % 2 == 0 ? TVI_FIRST : TVI_LAST;
-        insert.item.mask = TVIF_TEXT | TVIF_PARAM;
-        insert.item.pszText = text.data();
-        insert.item.lParam = m_next++;
-        m_items.push_back({reinterpret_cast<HTREEITEM>(
-                               SendMessageA(window, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert))),
-                           insert.hParent});
+        const HTREEITEM parent = above < m_items.size() ? m_items[above].handle : nullptr;
+        const std::string text = RandomText(random);
+        const HTREEITEM after = random() % 2 == 0 ? TVI_FIRST : TVI_LAST;
+        m_items.push_back({InsertTreeItem(window, parent, text, after, m_next++), parent});
     }
     void Delete(HWND window, std::size_t index) {
         SendMessageA(window, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(m_items[index].handle));
@@ -534,14 +541,8 @@ TEST_P(RandomWalk, FindsAndSendsTheSameOnBothSides) {
 
 std::vector<HTREEITEM> FillDeepTree(HWND window, int depth) {
     std::vector<HTREEITEM> items;
-    TVINSERTSTRUCTA insert = {};
-    char text[] = "item";
-    insert.item.mask = TVIF_TEXT;
-    insert.item.pszText = text;
     for (int level = 0; level < depth; ++level) {
-        insert.hParent = items.empty() ? nullptr : items.back();
-        items.push_back(reinterpret_cast<HTREEITEM>(
-            SendMessageA(window, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert))));
+        items.push_back(InsertTreeItem(window, items.empty() ? nullptr : items.back(), "item"));
     }
     return items;
 }
@@ -553,16 +554,8 @@ TEST_F(WalkTest, ComesUpFromABranchDeeperThanItKeeps) {
     HTREEITEM behind = nullptr, low = nullptr;
     thread.Run([&] {
         const auto items = FillDeepTree(tree.Window(), kDepth);
-        TVINSERTSTRUCTA insert = {};
-        char text[] = "behind";
-        insert.item.mask = TVIF_TEXT;
-        insert.item.pszText = text;
-        insert.hInsertAfter = TVI_LAST;
-        behind = reinterpret_cast<HTREEITEM>(
-            SendMessageA(tree.Window(), TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert)));
-        insert.hParent = items[kDepth - 10]; // one more at the bottom
-        low = reinterpret_cast<HTREEITEM>(
-            SendMessageA(tree.Window(), TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert)));
+        behind = InsertTreeItem(tree.Window(), nullptr, "behind");
+        low = InsertTreeItem(tree.Window(), items[kDepth - 10], "one more at the bottom");
     });
     EXPECT_EQ(controls::FindByRunningNumber(tree.Host(), kDepth + 1), low);
     EXPECT_EQ(controls::FindByRunningNumber(tree.Host(), kDepth + 2), behind);
@@ -671,14 +664,8 @@ TEST_F(WalkTest, OfDifferentKindsDoNotTakeEachOthersTurn) {
     const Control tree(thread, WC_TREEVIEWA);
     std::vector<HTREEITEM> items;
     thread.Run([&] {
-        TVINSERTSTRUCTA insert = {};
-        insert.hInsertAfter = TVI_LAST;
-        insert.item.mask = TVIF_TEXT;
         for (int number = 60; number > 0; --number) { // the names count down
-            std::string text = std::to_string(number);
-            insert.item.pszText = text.data();
-            items.push_back(reinterpret_cast<HTREEITEM>(
-                SendMessageA(tree.Window(), TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert))));
+            items.push_back(InsertTreeItem(tree.Window(), nullptr, std::to_string(number)));
         }
     });
     std::atomic<int> wrong = 0;
@@ -694,19 +681,6 @@ TEST_F(WalkTest, OfDifferentKindsDoNotTakeEachOthersTurn) {
     EXPECT_EQ(wrong, 0);
 }
 
-std::span<std::byte> SectionOfThisProgram(const char* name) {
-    auto* const base = reinterpret_cast<std::byte*>(GetModuleHandleA(nullptr));
-    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(
-        base + reinterpret_cast<const IMAGE_DOS_HEADER*>(base)->e_lfanew);
-    const auto* section = IMAGE_FIRST_SECTION(headers);
-    for (int index = 0; index < headers->FileHeader.NumberOfSections; ++index, ++section) {
-        if (std::string_view(reinterpret_cast<const char*>(section->Name), std::strlen(name)) == name) {
-            return {base + section->VirtualAddress, section->Misc.VirtualSize};
-        }
-    }
-    return {};
-}
-
 // Any process can write where a walk crosses: no other item is found for that, and no program harmed.
 TEST_F(WalkTest, IsNotLedAstrayByWhatOthersWrite) {
     using Clock = std::chrono::steady_clock;
@@ -714,7 +688,7 @@ TEST_F(WalkTest, IsNotLedAstrayByWhatOthersWrite) {
     const Control tree(thread, WC_TREEVIEWA);
     HTREEITEM wanted = nullptr;
     thread.Run([&] { wanted = FillDeepTree(tree.Window(), 120)[99]; });
-    const std::span<std::byte> section = SectionOfThisProgram(".module");
+    const std::span<std::byte> section = support::SectionOf(GetModuleHandleA(nullptr), ".module");
     ASSERT_GT(section.size(), 4 * (hostlink::kWalkPositionSize + hostlink::kWalkTextSize));
     std::atomic<bool> ends = false;
     std::thread writer([&] {

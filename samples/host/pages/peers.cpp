@@ -5,6 +5,7 @@
 #include "dialog.h"
 #include "host_ids.h"
 #include "journal.h"
+#include "tree_items.h"
 #include "watch.h"
 
 #include <commctrl.h>
@@ -55,29 +56,12 @@ HMENU CreateMenus() {
     return bar;
 }
 
-HTREEITEM Add(HWND tree, HTREEITEM parent, std::string text) {
-    TVINSERTSTRUCTA insertion{};
-    insertion.hParent = parent;
-    insertion.hInsertAfter = TVI_LAST;
-    insertion.item.mask = TVIF_TEXT;
-    insertion.item.pszText = text.data();
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageA(tree, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insertion)));
-}
-
 std::string PathOf(HWND tree, HTREEITEM item) {
     std::string path;
     while (item) {
-        char text[100] = "";
-        TVITEMA request{};
-        request.mask = TVIF_TEXT;
-        request.hItem = item;
-        request.pszText = text;
-        request.cchTextMax = sizeof text;
-        SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&request));
         if (!path.empty())
             path.insert(0, 1, '|');
-        path.insert(0, text);
+        path.insert(0, TreeItemText(tree, item));
         item = reinterpret_cast<HTREEITEM>(
             SendMessageA(tree, TVM_GETNEXTITEM, TVGN_PARENT, reinterpret_cast<LPARAM>(item)));
     }
@@ -117,14 +101,14 @@ HWND AddTree(HWND window, int id, const Area& area) {
 void AddTrees(HWND window) {
     const HWND flat = AddTree(window, ids::kPeersTree, {270, 140, 250, 300});
     for (int number = 0; number < kItems; ++number)
-        Add(flat, TVI_ROOT, "Node " + std::to_string(number));
+        AddTreeItem(flat, TVI_ROOT, "Node " + std::to_string(number));
     const HWND deep = AddTree(window, ids::kPeersDeepTree, {530, 140, 320, 300});
     for (int assembly = 0; assembly < kBranches; ++assembly) {
-        const HTREEITEM first = Add(deep, TVI_ROOT, "Assembly " + std::to_string(assembly));
+        const HTREEITEM first = AddTreeItem(deep, TVI_ROOT, "Assembly " + std::to_string(assembly));
         for (int part = 0; part < kBranches; ++part) {
-            const HTREEITEM second = Add(deep, first, "Part " + std::to_string(part));
+            const HTREEITEM second = AddTreeItem(deep, first, "Part " + std::to_string(part));
             for (int feature = 0; feature < kLeaves; ++feature)
-                Add(deep, second, "Feature " + std::to_string(feature));
+                AddTreeItem(deep, second, "Feature " + std::to_string(feature));
         }
     }
 }

@@ -4,6 +4,7 @@
 #include "control.h"
 #include "host_ids.h"
 #include "mdi_page.h"
+#include "tree_items.h"
 
 #include <commctrl.h>
 #include <cstring>
@@ -15,27 +16,6 @@ namespace {
 constexpr int kLargeItems = 10000;
 constexpr int kLazyLevels = 3;
 constexpr int kLazyChildren = 3;
-
-std::string TextOf(HWND tree, HTREEITEM item) {
-    char text[260] = "";
-    TVITEMA request{};
-    request.mask = TVIF_TEXT;
-    request.hItem = item;
-    request.pszText = text;
-    request.cchTextMax = sizeof text;
-    SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&request));
-    return text;
-}
-
-HTREEITEM Add(HWND tree, HTREEITEM parent, std::string text) {
-    TVINSERTSTRUCTA insertion{};
-    insertion.hParent = parent;
-    insertion.hInsertAfter = TVI_LAST;
-    insertion.item.mask = TVIF_TEXT;
-    insertion.item.pszText = text.data();
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageA(tree, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insertion)));
-}
 
 void AddOutsideCodePage(HWND tree, HTREEITEM parent) {
     wchar_t text[] = L"Caf\u00E9 \u0416";
@@ -84,23 +64,23 @@ void SetState(HWND tree, HTREEITEM item, UINT mask, UINT state) {
 }
 
 void FillParts(HWND tree) {
-    const HTREEITEM box = Add(tree, TVI_ROOT, "Box");
-    Add(tree, box, "Hole 1");
-    const HTREEITEM second = Add(tree, box, "Hole 2");
-    Add(tree, second, "Thread");
-    Add(tree, box, "hole 2"); // differs by case
-    const HTREEITEM namesake = Add(tree, box, "Hole 2");
-    Add(tree, namesake, "Never reached by name");
-    const HTREEITEM beam = Add(tree, TVI_ROOT, "Tr\xE4ger");
-    Add(tree, beam, "\xC4nderung");
+    const HTREEITEM box = AddTreeItem(tree, TVI_ROOT, "Box");
+    AddTreeItem(tree, box, "Hole 1");
+    const HTREEITEM second = AddTreeItem(tree, box, "Hole 2");
+    AddTreeItem(tree, second, "Thread");
+    AddTreeItem(tree, box, "hole 2"); // differs by case
+    const HTREEITEM namesake = AddTreeItem(tree, box, "Hole 2");
+    AddTreeItem(tree, namesake, "Never reached by name");
+    const HTREEITEM beam = AddTreeItem(tree, TVI_ROOT, "Tr\xE4ger");
+    AddTreeItem(tree, beam, "\xC4nderung");
     AddOutsideCodePage(tree, beam);
-    Add(tree, TVI_ROOT, "Locked");
-    const HTREEITEM overlay = Add(tree, TVI_ROOT, "Overlay 2");
+    AddTreeItem(tree, TVI_ROOT, "Locked");
+    const HTREEITEM overlay = AddTreeItem(tree, TVI_ROOT, "Overlay 2");
     SetState(tree, overlay, TVIS_OVERLAYMASK | TVIS_STATEIMAGEMASK,
              INDEXTOOVERLAYMASK(2) | INDEXTOSTATEIMAGEMASK(1));
-    const HTREEITEM texts = Add(tree, TVI_ROOT, "Long texts");
+    const HTREEITEM texts = AddTreeItem(tree, TVI_ROOT, "Long texts");
     for (const std::size_t length : {1022, 1023, 1024, 5000})
-        Add(tree, texts, std::to_string(length) + std::string(length - 4, 'x'));
+        AddTreeItem(tree, texts, std::to_string(length) + std::string(length - 4, 'x'));
 }
 
 HWND AddTree(HWND page, int id, DWORD style, const Area& area, SubclassProcedure behaviour = nullptr) {
@@ -120,7 +100,7 @@ void AddPartsTree(HWND page, int id, DWORD style, const Area& area) {
 }
 
 HTREEITEM AddLazyItem(HWND tree, HTREEITEM parent, const std::string& text, bool hasChildren) {
-    const HTREEITEM added = Add(tree, parent, text);
+    const HTREEITEM added = AddTreeItem(tree, parent, text);
     TVITEMA change{};
     change.mask = TVIF_CHILDREN;
     change.hItem = added;
@@ -153,7 +133,7 @@ void AddLazyChildren(HWND tree, HTREEITEM parent) {
 LRESULT RemoveExpandedItem(HWND tree, UINT message, WPARAM wParam, LPARAM lParam, const NextProcedure& next) {
     const LRESULT result = next(tree, message, wParam, lParam);
     const auto item = reinterpret_cast<HTREEITEM>(lParam);
-    if (message == TVM_EXPAND && TextOf(tree, item) == "Vanishing")
+    if (message == TVM_EXPAND && TreeItemText(tree, item) == "Vanishing")
         SendMessageA(tree, TVM_DELETEITEM, 0, lParam);
     return result;
 }
@@ -161,16 +141,16 @@ LRESULT RemoveExpandedItem(HWND tree, UINT message, WPARAM wParam, LPARAM lParam
 void AddLazyTree(HWND page) {
     const HWND tree = AddTree(page, ids::kLazyTree, 0, {430, 10, 200, 240}, RemoveExpandedItem);
     AddLazyChildren(tree, nullptr);
-    Add(tree, TVI_ROOT, "Vanishing");
-    Add(tree, TVI_ROOT, "Vanishing");
-    Add(tree, TVI_ROOT, "After it");
+    AddTreeItem(tree, TVI_ROOT, "Vanishing");
+    AddTreeItem(tree, TVI_ROOT, "Vanishing");
+    AddTreeItem(tree, TVI_ROOT, "After it");
 }
 
 void AddLargeTree(HWND page) {
     const HWND tree = AddTree(page, ids::kLargeTree, 0, {640, 10, 200, 240});
     SendMessageA(tree, WM_SETREDRAW, FALSE, 0);
     for (int number = 0; number < kLargeItems; ++number)
-        Add(tree, TVI_ROOT, "Item " + std::to_string(number));
+        AddTreeItem(tree, TVI_ROOT, "Item " + std::to_string(number));
     SendMessageA(tree, WM_SETREDRAW, TRUE, 0);
 }
 
@@ -193,7 +173,7 @@ void OpenMenu(HWND tree, POINT position) {
         return;
     }
     OpenBarPopup(PopupKind::Plain, position,
-                 {{.command = ids::kTreeRename, .text = "Rename " + TextOf(tree, hit.hItem)},
+                 {{.command = ids::kTreeRename, .text = "Rename " + TreeItemText(tree, hit.hItem)},
                   {.command = ids::kTreeDelete, .text = "Delete"}},
                  nullptr);
 }
@@ -210,7 +190,7 @@ LRESULT AnswerNotification(const NMHDR& header) {
     }
     case TVN_BEGINLABELEDITA: {
         const auto& editing = reinterpret_cast<const NMTVDISPINFOA&>(header);
-        return TextOf(header.hwndFrom, editing.item.hItem) == "Locked"; // TRUE refuses
+        return TreeItemText(header.hwndFrom, editing.item.hItem) == "Locked"; // TRUE refuses
     }
     case TVN_ENDLABELEDITA: {
         const char* text = reinterpret_cast<const NMTVDISPINFOA&>(header).item.pszText;
