@@ -1,16 +1,27 @@
 #include "controls/ghCheckBox.h"
 
+#include <cstdint>
+
 #include "hostlink/window_kind.h"
 #include "input/mouse.h"
 
 namespace {
 
-constexpr int kMostClicks = 2;
+// Two clicks reach every state of a box. Without synchronisation a click is still on its way when the box is
+// asked again, so they are counted out beforehand, in the order in which boxes take on their states.
+std::int64_t MostClicks(const ghCheckBox& box, int state) {
+    if (box.Synchronization()) {
+        return 2;
+    }
+    const int states = box.ThreeState() ? 3 : 2;
+    return (std::int64_t{state} - box.CheckedState() + states) % states;
+}
 
 // A click may end in the box's own end, as when a page is built anew.
 void ClickUntil(const ghCheckBox& box, int state) {
     const auto isWanting = [&] { return IsWindow(box.Window()) && box.CheckedState() != state; };
-    for (int clicks = 0; clicks < kMostClicks && isWanting(); ++clicks) {
+    const std::int64_t mostClicks = MostClicks(box, state);
+    for (int clicks = 0; clicks < mostClicks && isWanting(); ++clicks) {
         input::Click(box, input::kLeftButton, 1, 1, 0);
     }
 }

@@ -1,5 +1,6 @@
 // How often a check box is clicked to bring it to a state.
 #include "controls/ghCheckBox.h"
+#include "engine/synchronise.h"
 #include "host/control_page.h"
 
 namespace {
@@ -52,6 +53,29 @@ TEST_F(CheckBoxTest, ThreeStatesTakeUpToTwoClicks) {
         box.SetChecked(true);
         EXPECT_TRUE(box.Checked());
         EXPECT_EQ(Clicks(box), 2u);
+    }
+}
+
+// The box answers before it gets the clicks: the program has other messages to work through first.
+TEST_F(CheckBoxTest, UnsynchronisedClicksAreNotRepeated) {
+    for (const unsigned id : {ids::kCheckBox, ids::kTriStateBox, ids::kManualTriStateBox}) {
+        ghCheckBox box(Control(id));
+        const int states = box.ThreeState() ? 3 : 2;
+        for (int from = 0; from < states; ++from) {
+            for (int to = 0; to < states; ++to) {
+                SendMessageA(box.Window(), BM_SETCHECK, static_cast<WPARAM>(from), 0);
+                for (int busy = 0; busy < 10; ++busy) {
+                    PostMessageA(box.Window(), RegisterWindowMessageA(sample_host::kMisbehaveMessage),
+                                 static_cast<WPARAM>(sample_host::Misbehaviour::Busy), 20);
+                }
+                box.SetSynchronization(false);
+                box.SetCheckedState(to);
+                box.SetSynchronization(true);
+                engine::Synchronise(box);
+                EXPECT_EQ(box.CheckedState(), to) << "from " << from;
+                EXPECT_EQ(Clicks(box), static_cast<std::size_t>((to - from + states) % states));
+            }
+        }
     }
 }
 
