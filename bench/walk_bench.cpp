@@ -11,6 +11,7 @@
 #include "controls/ghTreeControl.h"
 #include "controls/item_search.h"
 #include "controls/tree_search.h"
+#include "hostlink/host_locale.h"
 #include "hostlink/walk.h"
 #include "support/gui_thread.h"
 #include "support/sample_host.h"
@@ -185,6 +186,24 @@ void MeasureOptionTree(bench::Report& report) {
     measure("option tree: the first item by path", "Group 0", 1.1);
 }
 
+// With the hook that a script's MainWindow leaves in the program's thread, and that the way message by
+// message passes.
+void MeasureAfterMainWindow(bench::Report& report) {
+    const support::SampleHost host("--page trees");
+    const hostlink::HostWindow tree =
+        ghTreeControl(host.WaitForWindow("Trees." + std::to_string(ids::kLargeTree))).Host();
+    hostlink::AdoptHostLocale({host.Frame(), tree.threadId});
+    const auto measure = [&](const char* name, const char* item, double aim, int rounds) {
+        report.Compare({name, [&] { Require(controls::FindByNames(tree, item) != nullptr); }},
+                       {"message by message",
+                        [&] { Across<controls::TreePathPosition, controls::StepByNames>(tree, item); }},
+                       {.aim = aim, .rounds = rounds});
+    };
+    measure("after MainWindow, tree: the last of 10,000 by name path", kLastItem, 0.03, 3);
+    measure("after MainWindow, tree: the tenth item by name path", "Item 9", 1.1, 101);
+    measure("after MainWindow, tree: the first item by name path", "Item 0", 1.1, 101);
+}
+
 // The same walk by a program that looks through its own tree.
 void MeasureLimit(bench::Report& report) {
     const support::GuiThread thread;
@@ -256,6 +275,7 @@ void Measure(bench::Report& report) {
     MeasureLists(report);
     MeasureBars(report);
     MeasureOptionTree(report);
+    MeasureAfterMainWindow(report);
     MeasureLimit(report);
     MeasureHold(report);
 }

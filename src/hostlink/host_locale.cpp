@@ -27,16 +27,33 @@ bool IsInThisProcess(const HostWindow& window) noexcept {
     return processId == GetCurrentProcessId();
 }
 
-// Unlike the other hooks this one is left in place, until the next main window is looked up.
-bool ReplaceLocaleHook(const HostWindow& mainWindow) noexcept {
+// The hook that this thread installed last. The system removes it with the thread.
+struct InstalledHook {
+    std::uint64_t handle;
+    DWORD threadId; // where it waits
+};
+thread_local InstalledHook installedHook = {};
+
+void InstallLocaleHook(DWORD threadId) noexcept {
+    const std::uint64_t handle =
+        FromHandle(SetWindowsHookExA(WH_CALLWNDPROC, LocaleProcedure, ModuleInstance(), threadId));
+    installedHook = {handle, threadId};
+    shared.localeHook = handle;
+}
+
+void RemoveLocaleHook() noexcept {
     if (shared.localeHook != 0) {
         UnhookWindowsHookEx(ToHook(shared.localeHook));
         shared.localeHook = 0;
     }
+}
+
+// Unlike the other hooks this one is left in place, until the next main window is looked up.
+bool ReplaceLocaleHook(const HostWindow& mainWindow) noexcept {
+    RemoveLocaleHook();
     // On a thread of this very process the hook would outlive the module.
     if (mainWindow.threadId != 0 && (!IsInThisProcess(mainWindow) || PinModule())) {
-        shared.localeHook = FromHandle(
-            SetWindowsHookExA(WH_CALLWNDPROC, LocaleProcedure, ModuleInstance(), mainWindow.threadId));
+        InstallLocaleHook(mainWindow.threadId);
     }
     return shared.localeHook != 0;
 }
@@ -56,6 +73,21 @@ void AdoptHostLocale(const HostWindow& mainWindow) noexcept {
     }
     if (shared.hostLocale != 0) {
         SetThreadLocale(shared.hostLocale);
+    }
+}
+
+ScopedLocaleHookRemoval::ScopedLocaleHookRemoval(const HostWindow& host) noexcept {
+    if (installedHook.handle != 0 && installedHook.handle == shared.localeHook &&
+        installedHook.threadId == host.threadId) {
+        RemoveLocaleHook();
+        m_threadId = host.threadId;
+    }
+}
+
+ScopedLocaleHookRemoval::~ScopedLocaleHookRemoval() {
+    // Another script that has looked its main window up meanwhile has its own there.
+    if (m_threadId != 0 && shared.localeHook == 0) {
+        InstallLocaleHook(m_threadId);
     }
 }
 

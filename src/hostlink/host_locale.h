@@ -10,4 +10,17 @@ namespace hostlink {
 // is left as it is where the host does not answer in 5 seconds. The hook stays in place until the next call.
 void AdoptHostLocale(const HostWindow& mainWindow) noexcept;
 
+// Takes the hook that this thread has left in the thread of `host` away for the lifetime of the object: each
+// message sent in that thread passes it. Another script's hook stays.
+class ScopedLocaleHookRemoval {
+public:
+    explicit ScopedLocaleHookRemoval(const HostWindow& host) noexcept;
+    ~ScopedLocaleHookRemoval();
+    ScopedLocaleHookRemoval(const ScopedLocaleHookRemoval&) = delete;
+    ScopedLocaleHookRemoval& operator=(const ScopedLocaleHookRemoval&) = delete;
+
+private:
+    DWORD m_threadId = 0; // 0 if no hook was removed
+};
+
 } // namespace hostlink

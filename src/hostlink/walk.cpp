@@ -8,6 +8,7 @@
 
 #include "hostlink/digest.h"
 #include "hostlink/hook.h"
+#include "hostlink/host_locale.h"
 #include "hostlink/module_sends.h"
 #include "hostlink/registered_messages.h"
 #include "hostlink/shared_section.h"
@@ -135,6 +136,22 @@ private:
     Way* m_way = nullptr;
 };
 
+LRESULT CALLBACK PassOn(int code, WPARAM wParam, LPARAM lParam) noexcept {
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+// Keeps the module in the host for the lifetime of the object, by a hook that no message of a walk passes:
+// the system may unload a module from whose procedures no hook is left, even during a slice.
+class ModuleInHost {
+public:
+    explicit ModuleInHost(const HostWindow& host) noexcept
+        : m_hook(m_handle, WH_SHELL, PassOn, host.threadId) {}
+
+private:
+    volatile std::uint64_t m_handle = 0;
+    ScopedHook m_hook;
+};
+
 LONGLONG Now() noexcept {
     LARGE_INTEGER count;
     QueryPerformanceCounter(&count);
@@ -242,6 +259,8 @@ bool WalkInHost(const HostWindow& control, std::string_view wanted, std::span<st
     if (!wanted.empty()) {
         std::memcpy(message.wanted, wanted.data(), wanted.size());
     }
+    const ModuleInHost module(control);
+    const ScopedLocaleHookRemoval noLocaleHook(control); // the messages of the walk pass no hook
     for (;;) {
         const std::optional<Turn> turn = Exchange(way, control, message, slice);
         std::memcpy(position.data(), message.position, position.size());
