@@ -59,17 +59,16 @@ def menus():
 
 
 def form():
-    host = window()
+    host = quick(window())  # the dialog is waited for anyway
 
     def fill():
         host.Command(jobs.FORM)
         dialog = host.ActiveDialog()
         for number, name in enumerate(jobs.NAMES):
             quick(dialog.Edit(jobs.FIELD + number)).Text = name
-        # Clicks wait each for itself: the next look or the next change of the focus would come too early.
-        dialog.CheckBox("", jobs.FIELD + 4).Checked = True
-        dialog.CheckBox("", jobs.FIELD + 5).Checked = True
-        dialog.Button("", jobs.FIELD + 6).Click()
+        quick(dialog.CheckBox("", jobs.FIELD + 4)).Checked = True
+        quick(dialog.CheckBox("", jobs.FIELD + 5)).Checked = True
+        dialog.Button("", jobs.FIELD + 6).Click()  # waits for all clicks: what follows takes the focus away
         quick(dialog.ComboBox(jobs.FIELD + 7)).SelectItem(3)
         quick(dialog.ComboBox(jobs.FIELD + 8)).SelectItem(1)
         quick(dialog.ListBox(jobs.FIELD + 9)).SelectItem(4)

@@ -106,15 +106,15 @@ Sub FillForm(host)
     Dim dialog, number, names
     names = Array("Bracket", "Housing", "Flange", "Shaft")
     begin = Timer
+    host.Synchronization = False ' the dialog is waited for anyway
     host.Command kForm
     Set dialog = host.ActiveDialog()
     For number = 0 To 3
         Quick(dialog.Edit(kField + number)).Text = names(number)
     Next
-    ' Clicks wait each for itself: the next look or the next change of the focus would come too early.
-    dialog.CheckBox("", kField + 4).Checked = True
-    dialog.CheckBox("", kField + 5).Checked = True
-    dialog.Button("", kField + 6).Click
+    Quick(dialog.CheckBox("", kField + 4)).Checked = True
+    Quick(dialog.CheckBox("", kField + 5)).Checked = True
+    dialog.Button("", kField + 6).Click ' waits for all clicks: what follows takes the focus away
     Quick(dialog.ComboBox(kField + 7)).SelectItem 3
     Quick(dialog.ComboBox(kField + 8)).SelectItem 1
     Quick(dialog.ListBox(kField + 9)).SelectItem 4
