@@ -29,17 +29,13 @@ public:
             return true;
         };
         const bool onlyTopLevel = (m_criteria.style & WS_CHILD) == 0 && m_criteria.parent == nullptr;
-        m_amongDescendants = m_criteria.parent != nullptr;
         EnumerateWindows(m_criteria.parent, visit);
-        m_amongDescendants = false;
         if (!onlyTopLevel && m_criteria.result == nullptr) {
             EnumerateWindows(nullptr, visit);
         }
     }
 
 private:
-    bool Has(SearchFlag flag) const noexcept { return (m_criteria.flags & flag) != 0; }
-
     void Visit(HWND window) {
         ++m_windows;
         if (m_describes) {
@@ -52,13 +48,7 @@ private:
     }
 
     bool Matches(HWND window) {
-        // An enumeration of descendants needs no question whether they are.
-        static_assert(kWindowTests[0] == WindowTest::Place);
-        const bool hasPlace = m_amongDescendants && Has(kAnyDescendant);
-        // A number that is asked for is what most windows lack, and the cheapest question: visibility costs
-        // one for each window above.
-        return m_tests.Passes(WindowTest::Id, window) &&
-               std::all_of(std::begin(kWindowTests) + (hasPlace ? 1 : 0), std::end(kWindowTests),
+        return std::all_of(std::begin(kWindowTests), std::end(kWindowTests),
                            [&](WindowTest test) { return m_tests.Passes(test, window); });
     }
 
@@ -95,7 +85,6 @@ private:
     WindowCriteria& m_criteria;
     WindowTests m_tests;
     bool m_describes;
-    bool m_amongDescendants = false;
     int m_windows = 0;
 };
 

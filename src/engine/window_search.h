@@ -61,12 +61,13 @@ void WantId(WindowCriteria& criteria, std::int64_t id) noexcept;
 bool HasWantedParent(const WindowCriteria& criteria, HWND window) noexcept;
 bool HasWantedVisibility(const WindowCriteria& criteria, HWND window) noexcept;
 
-// What a window must pass, in the order of a search. Every test costs a call to the system or to the other
-// program: the cheap ones come first.
-enum class WindowTest { Place, Visibility, Enabled, Module, Caption, Class, Style, Id, Custom };
-inline constexpr WindowTest kWindowTests[] = {WindowTest::Place,  WindowTest::Visibility, WindowTest::Enabled,
-                                              WindowTest::Module, WindowTest::Caption,    WindowTest::Class,
-                                              WindowTest::Style,  WindowTest::Id,         WindowTest::Custom};
+// What a window must pass, in the order of a search: first what one call to the system tells, then what takes
+// one for each window above or a look at the program, then what a window of this process is asked for, last
+// what any program is asked for.
+enum class WindowTest { Id, Class, Style, Enabled, Place, Visibility, Module, Caption, Custom };
+inline constexpr WindowTest kWindowTests[] = {
+    WindowTest::Id,         WindowTest::Class,  WindowTest::Style,   WindowTest::Enabled, WindowTest::Place,
+    WindowTest::Visibility, WindowTest::Module, WindowTest::Caption, WindowTest::Custom};
 
 // The tests of one search, each for itself. What the criteria ignore is passed without a question.
 class WindowTests {

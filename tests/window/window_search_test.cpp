@@ -120,6 +120,21 @@ TEST_F(Search, HonoursEachFlag) {
               panel);
 }
 
+// A form that was put into the window and kept its popup style: enumerated below it, but no child of it.
+TEST_F(Search, LeavesOutWhatAPopupInsideHolds) {
+    HWND form = nullptr, field = nullptr;
+    gui->Run([&] {
+        form = extras.emplace_back(Make("TestRoot", "form", WS_POPUP | WS_VISIBLE, nullptr, 0));
+        SetParent(form, root);
+        field = Child("Edit", "field", form, 40);
+    });
+    EXPECT_EQ(GetAncestor(field, GA_ROOT), root);
+    for (const std::uint32_t asked : {0u, kIgnoreId + 0u}) {
+        EXPECT_EQ(Find(kIgnoreStyle | kIgnoreClass | kAnyDescendant | asked, "field", "", 40), nullptr);
+    }
+    EXPECT_EQ(FindControl(form, kEdit, 40, 0), field);
+}
+
 TEST_F(Search, CountsOccurrencesOnThroughBothPasses) {
     const auto occurrence = [this](std::uint32_t number) {
         return Find(kAnyId | kIgnoreCaption | kIgnoreClass | number << 16);
