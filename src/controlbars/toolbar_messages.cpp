@@ -22,15 +22,15 @@ std::optional<Record> ReadRecord(const hostlink::HostWindow& toolbar, UINT messa
                : std::nullopt;
 }
 
-// A text of `length` bytes. The host may have changed it meanwhile: what it left is read up to its
-// terminator, and no further than the block.
+// The host may have changed the text since it told the length: what it left is read up to its terminator, and
+// no further than the block. What it answers does not matter.
 std::optional<std::string> FetchText(const hostlink::HostWindow& toolbar, UINT message, WPARAM wParam,
                                      std::size_t blockSize) {
     if (blockSize > hostlink::kRemoteDataSize) {
         return std::nullopt; // before room is made for whatever length the host answers
     }
     std::vector<std::byte> block(blockSize);
-    if (static_cast<int>(hostlink::RemoteSend(toolbar, message, wParam, block)) < 1) {
+    if (!hostlink::TryRemoteSend(toolbar, message, wParam, block)) {
         return std::nullopt;
     }
     const auto end = std::find(block.begin(), block.end(), std::byte{0});

@@ -121,7 +121,9 @@ void MouseUp(const ghBaseWindow& window, int button, int x, int y, int keys) {
         const WPARAM held = plain | messages.keyBit;
         mouse.Move(held);
         engine::Synchronise(window);
-        mouse.MoveThenPost(held, messages.ReleaseMessage(), plain);
+        // An unknown button's release is message 0, too, where no press came before it.
+        const UINT release = messages.IsKnown() ? messages.ReleaseMessage() : messages.pressMessage;
+        mouse.MoveThenPost(held, release, plain);
     }
     engine::Synchronise(window);
 }

@@ -21,8 +21,8 @@ struct MouseButton {
     UINT DoubleClickMessage() const noexcept { return pressMessage + 2; }
 };
 
-// An unknown code is not rejected, deliberately: it is posted as message 0 and those that follow, and is a
-// plain move as real input.
+// An unknown code is not rejected, deliberately: its press is posted as message 0, and it is a plain move as
+// real input.
 constexpr MouseButton ButtonOfCode(int code) noexcept {
     switch (code) {
     case kLeftButton:

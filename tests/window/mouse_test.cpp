@@ -75,6 +75,12 @@ TEST_F(MouseTest, ClickOfAnUnknownButtonPostsMessageZero) {
                 ElementsAre(Seen(WM_MOUSEMOVE, 0), Seen(0, 0), Marker(), Seen(WM_MOUSEMOVE, 0), Marker()));
 }
 
+TEST_F(MouseTest, MouseUpOfAnUnknownButtonPostsMessageZero) {
+    input::MouseUp(m_window, 4, 10, 20, 0x40);
+    EXPECT_THAT(m_host.Take(), ElementsAre(Seen(WM_MOUSEMOVE, 0x40), Marker(), Seen(WM_MOUSEMOVE, 0x40),
+                                           Seen(0, 0x40), Marker()));
+}
+
 // The message behind its release would be the end of the window.
 TEST_F(MouseTest, DoubleClickOfAnUnknownButtonHasNoSecondPress) {
     input::DoubleClick(m_window, 4, 10, 20, 0);
