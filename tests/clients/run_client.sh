@@ -134,6 +134,17 @@ client_robot() {
         fail "The log has no picture."
 }
 
+# Not another client, but another program: one of a toolkit (wxWidgets) that nobody here wrote.
+client_toolkit() {
+    packages_get
+    start_session
+    install_python
+    run_windows 'C:\python\python.exe' "$(windows_path tests/clients/scripts/wx_story.py)" 'C:\journal.txt' || {
+        session_screenshot "build/wine/$client.png" || true
+        fail "The program of another toolkit was not driven to its end." "The desktop: build/wine/$client.png"
+    }
+}
+
 client_autohotkey() {
     packages_get
     start_session
