@@ -17,6 +17,13 @@ def quick(control):
     return control
 
 
+def next_dialog(host):
+    """ActiveDialog looks every 100 ms; with no time to wait it looks once, and this script looks all the time."""
+    while (dialog := host.ActiveDialog(0)) is None:
+        pass
+    return dialog
+
+
 def find():
     many = window("Many children")
     return lambda: [many.Edit(jobs.LAST_OF_MANY, 0x40).Text for _ in range(jobs.FINDS)][-1:]
@@ -63,16 +70,19 @@ def form():
 
     def fill():
         host.Command(jobs.FORM)
-        dialog = host.ActiveDialog()
+        dialog = next_dialog(host)
         for number, name in enumerate(jobs.NAMES):
             quick(dialog.Edit(jobs.FIELD + number)).Text = name
-        quick(dialog.CheckBox("", jobs.FIELD + 4)).Checked = True
-        quick(dialog.CheckBox("", jobs.FIELD + 5)).Checked = True
-        dialog.Button("", jobs.FIELD + 6).Click()  # waits for all clicks: what follows takes the focus away
         quick(dialog.ComboBox(jobs.FIELD + 7)).SelectItem(3)
         quick(dialog.ComboBox(jobs.FIELD + 8)).SelectItem(1)
         quick(dialog.ListBox(jobs.FIELD + 9)).SelectItem(4)
-        dialog.Button("OK").Click()  # waits for all of it
+        # Clicks that nobody waits for come last: what takes the focus away would undo one that is under way.
+        quick(dialog.CheckBox("", jobs.FIELD + 4)).Checked = True
+        quick(dialog.CheckBox("", jobs.FIELD + 5)).Checked = True
+        quick(dialog.Button("", jobs.FIELD + 6)).Click()
+        quick(dialog.Button("OK")).Click()
+        while host.ActiveDialog(0) is not None:
+            pass
 
     return fill
 
@@ -80,12 +90,12 @@ def form():
 def rounds():
     host = window()
     result = host.ChildWindow("", "Static", jobs.RESULT)
-    host.Synchronization = False  # the dialog comes later anyway: ActiveDialog waits for it
+    host.Synchronization = False  # the dialog comes later anyway
 
     def play():
         for number in range(1, jobs.ROUNDS + 1):
             host.Command(jobs.QUESTION)
-            dialog = host.ActiveDialog()
+            dialog = next_dialog(host)
             quick(dialog.Edit(jobs.EDIT)).Text = f"value {number}"
             quick(dialog.Button("OK")).Click()
             while not (text := result.Text):
