@@ -72,7 +72,12 @@ private:
 
     bool IsPopupActive() const noexcept {
         const HWND popup = m_watch.Popup();
-        return popup == nullptr || !IsWindow(popup) || ghSharedUtils::active_dialog(m_ancestor) == popup;
+        if (popup == nullptr || !IsWindow(popup)) {
+            return true;
+        }
+        // A message box without an owner is gone when the dialog that follows it opens.
+        const HWND neighbour = IsWindow(m_ancestor) ? m_ancestor : popup;
+        return ghSharedUtils::active_dialog(neighbour) == popup;
     }
 
     // The idle query is the dearest question and comes last.

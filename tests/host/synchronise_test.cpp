@@ -5,6 +5,7 @@
 #include "hostlink/module_instance.h"
 #include "hostlink/registered_messages.h"
 #include "hostlink/shared_section.h"
+#include "support/gui_thread.h"
 #include "support/sample_host.h"
 #include "support/this_module.h"
 
@@ -171,6 +172,35 @@ TEST_F(Synchronise, EndsWhenItsTargetGoes) {
     EXPECT_FALSE(dialog.Post(WM_NULL, 0, 0));
     EXPECT_FALSE(ghBaseWindow().Post(WM_NULL, 0, 0));
     EXPECT_EQ(ghBaseWindow().Send(WM_GETTEXTLENGTH, 0, 0), 0);
+}
+
+HWND MakeDialog(DWORD style) {
+    return CreateWindowExA(0, "#32770", "", WS_POPUP | DS_MODALFRAME | style, 0, 0, 100, 100, nullptr,
+                           nullptr, nullptr, nullptr);
+}
+
+// As after a message box without an owner whose answer opens the next dialog.
+TEST_F(Synchronise, EndsWithTheDialogThatTakesThePlaceOfItsWindow) {
+    constexpr int kLimit = 5000;
+    static HWND second;
+    const support::GuiThread thread;
+    HWND first = nullptr;
+    thread.Run([&] {
+        first = MakeDialog(0);
+        const WNDPROC giveWay = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == hostlink::MSG_GH_SYNC) {
+                DestroyWindow(window);
+                second = MakeDialog(WS_VISIBLE);
+                return LRESULT{0};
+            }
+            return DefDlgProcA(window, message, wParam, lParam);
+        };
+        SetWindowLongPtrA(first, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(giveWay));
+    });
+    const ULONGLONG begin = GetTickCount64();
+    engine::Synchronise(ghBaseWindow(first), {.longestMilliseconds = kLimit});
+    EXPECT_LT(GetTickCount64() - begin, static_cast<ULONGLONG>(kLimit));
+    thread.Run([] { DestroyWindow(second); });
 }
 
 TEST_F(Synchronise, EndsWithAHostThatIsKilled) {
