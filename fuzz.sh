@@ -58,9 +58,9 @@ runs=${2:-10000000}
     fail "There is no target $target." "The targets are: $(printf '%s\n' "${!longest[@]}" | sort | tr '\n' ' ')"
 [[ $runs =~ ^[0-9]+$ ]] || fail "$runs is not a number of inputs."
 
-tools/wine/setup.sh clang-14 libclang-rt-14-dev || {
+tools/wine/setup.sh clang-19 libclang-rt-19-dev || {
     [[ -n $short ]] || fail "Fuzzing needs clang."
-    say "Fuzzing is left out: clang 14 cannot be had here"
+    say "Fuzzing is left out: clang 19 cannot be had here"
     exit 0
 }
 build fuzz

@@ -29,7 +29,10 @@ make_root() {
 run_in() {
     local root=$1 code=0
     mkdir -p "$root/ghosthand" "$2" build
+    # The network as this machine reaches it, with the certificates that it trusts.
     cp --dereference /etc/resolv.conf "$root/etc/resolv.conf"
+    local trusted=/etc/ssl/certs/ca-certificates.crt
+    [[ ! -e $trusted ]] || cp --dereference "$trusted" "$root$trusted"
     # shellcheck disable=SC2016
     setpriv --pdeathsig KILL unshare --mount --pid --fork --kill-child bash -c '
         set -euo pipefail

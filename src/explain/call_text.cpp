@@ -1,9 +1,8 @@
 #include "explain/call_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <cstdio>
+#include <cstdint>
 
 namespace explain {
 
@@ -80,11 +79,13 @@ Decoded DecodeFirst(std::string_view text) noexcept {
                                                                                 : Decoded{character, length};
 }
 
-template <class... Numbers>
-std::string Format(const char* format, Numbers... numbers) {
-    std::array<char, 32> text = {};
-    const int length = std::snprintf(text.data(), text.size(), format, numbers...);
-    return {text.data(), static_cast<std::size_t>(length)};
+// Hexadecimal, filled up with zeros to that many digits.
+std::string Hex(std::string_view prefix, std::uint32_t number, std::size_t digits = 1) {
+    std::string text;
+    for (; number != 0 || text.size() < digits; number >>= 4) {
+        text.insert(text.begin(), "0123456789ABCDEF"[number & 0xF]);
+    }
+    return text.insert(0, prefix);
 }
 
 bool IsPrintableAscii(char32_t character) noexcept {
@@ -123,7 +124,8 @@ std::string VBScriptText(std::string_view text) {
         if (IsPrintableAscii(character)) {
             append(character == '"' ? "\"\"" : text.substr(0, 1), true);
         } else {
-            ForEachUnit(character, [&](unsigned unit) { append(Format("ChrW(%u)", unit), false); });
+            ForEachUnit(character,
+                        [&](unsigned unit) { append("ChrW(" + std::to_string(unit) + ")", false); });
         }
         text.remove_prefix(length);
     }
@@ -144,9 +146,9 @@ std::string BackslashText(std::string_view text, char quote, bool hasLongEscapes
             }
             result += text.front();
         } else if (hasLongEscapes && character >= 0x10000) {
-            result += Format("\\U%08X", static_cast<unsigned>(character));
+            result += Hex("\\U", character, 8);
         } else {
-            ForEachUnit(character, [&](unsigned unit) { result += Format("\\u%04X", unit); });
+            ForEachUnit(character, [&](unsigned unit) { result += Hex("\\u", unit, 4); });
         }
         text.remove_prefix(length);
     }
@@ -172,7 +174,7 @@ std::string PowerShellText(std::string_view text) {
             }
             result += text.front();
         } else {
-            ForEachUnit(character, [&](unsigned unit) { result += Format("$([char]0x%X)", unit); });
+            ForEachUnit(character, [&](unsigned unit) { result += Hex("$([char]0x", unit) + ")"; });
         }
         text.remove_prefix(length);
     }
@@ -197,9 +199,9 @@ std::string TextOf(const std::string& text, Language language) {
 std::string TextOf(Flags flags, Language language) {
     if (language == Language::VBScript) {
         // Without the & at its end, &H8000 to &HFFFF is a negative number of 16 bits.
-        return Format(flags.value > 0x7FFF ? "&H%X&" : "&H%X", flags.value);
+        return Hex("&H", flags.value) + (flags.value > 0x7FFF ? "&" : "");
     }
-    std::string number = Format("0x%X", flags.value);
+    std::string number = Hex("0x", flags.value);
     if (flags.value <= 0x7FFFFFFF) {
         return number;
     }

@@ -1,6 +1,9 @@
 # shellcheck shell=bash
 # Sourced behind tools/wine/session.sh and packages.sh: a desktop and a prefix as the clients need them.
 
+# The samples are run where they lie, and nothing is to be left there.
+export PYTHONDONTWRITEBYTECODE=1
+
 # client_session_start SERVER: a desktop with the server (as Windows names the file) registered, and windows with
 # frames, which Wine's own desktop draws.
 client_session_start() {

@@ -1,7 +1,6 @@
 #include "fault/resources.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <psapi.h>
 #include <span>
 
@@ -45,28 +44,11 @@ std::span<const SystemHandle> SystemTable(Table& buffer) {
     return {table.handles, table.count};
 }
 
-// The number that the table has for mutexes.
-USHORT MutexType() {
-    const HANDLE mutex = CreateMutexA(nullptr, FALSE, nullptr);
-    Table buffer;
-    USHORT type = 0xFFFF;
-    for (const SystemHandle& handle : SystemTable(buffer))
-        if (handle.processId == GetCurrentProcessId() &&
-            handle.handle == reinterpret_cast<std::uintptr_t>(mutex))
-            type = handle.type;
-    CloseHandle(mutex);
-    return type;
-}
-
-// For systems whose GetProcessHandleCount does not count. Under Wine each query of performance data, of which
-// a synchronisation makes some, leaves a mutex of the printing system behind: mutexes are left out.
+// For systems whose GetProcessHandleCount does not count.
 std::size_t CountInSystemTable(DWORD processId) {
-    static const USHORT mutexType = MutexType();
     Table buffer;
     return static_cast<std::size_t>(
-        std::ranges::count_if(SystemTable(buffer), [&](const SystemHandle& handle) {
-            return handle.processId == processId && handle.type != mutexType;
-        }));
+        std::ranges::count(SystemTable(buffer), processId, &SystemHandle::processId));
 }
 
 std::size_t CountHandles(HANDLE process) {

@@ -1,8 +1,6 @@
 # shellcheck shell=bash
 # Sourced after tools/wine/session.sh, for tests that are scripts. $work: a folder that goes with the test.
 
-# Wine reads names of this machine as the locale has them.
-export LC_ALL=C.UTF-8
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 

@@ -16,6 +16,8 @@ NOISE = re.compile(
         for key in (
             "System/CurrentControlSet/Control",
             "System/CurrentControlSet/Enum",
+            "System/ControlSet001/Control",  # what CurrentControlSet is a link to, since Wine 10
+            "System/ControlSet001/Enum",
             "Hardware",
             "Software/Wine/Fonts",
             "Software/Microsoft/Windows NT/CurrentVersion/NetworkCards",

@@ -19,7 +19,7 @@ unset LANGUAGE
 
 session_prefix_open=
 session_display_pid=
-session_disposable_prefix=
+session_folder=
 
 # session_start [PREFIX]: starts the desktop and makes the Wine prefix ready: PREFIX, which is kept, or
 # without an argument a fresh one that goes away with the session.
@@ -28,14 +28,9 @@ session_start() {
     trap 'exit 130' INT
     trap 'exit 143' TERM
     mkdir -p "$session_cache"
+    session_make_folder
     session_start_display
-    if (($#)); then
-        export WINEPREFIX=$1
-    else
-        session_remove_abandoned_prefixes
-        session_disposable_prefix=$session_cache/session-$$
-        export WINEPREFIX=$session_disposable_prefix
-    fi
+    export WINEPREFIX=${1:-$session_folder/prefix}
     [[ -e $WINEPREFIX/system.reg ]] || session_copy_template "$WINEPREFIX"
     session_prefix_open=yes
     # Tells tools/wine/run that there is a session to use.
@@ -49,27 +44,54 @@ session_end() {
         timeout 30 wineserver -k || true
         timeout 30 wineserver -w || true
     fi
+    [[ -z $session_folder ]] || rm -rf "$session_folder"
+    # Last, as the folder is its own until then.
     if [[ -n $session_display_pid ]]; then
         kill "$session_display_pid" 2>/dev/null || true
     fi
-    [[ -z $session_disposable_prefix ]] || rm -rf "$session_disposable_prefix"
+}
+
+# The session's own folder, and the end of those that sessions left behind that were killed before they could
+# clean up. A lock tells which are in use, as process ids mean nothing to sessions in other containers.
+session_make_folder() {
+    local creation
+    exec {creation}>"$session_cache/lock"
+    flock "$creation"
+    session_remove_abandoned_folders
+    session_folder=$(mktemp -d "$session_cache/session-XXXXXX")
+    exec {session_lock}<"$session_folder"
+    flock "$session_lock"
+    exec {creation}>&-
+}
+
+session_remove_abandoned_folders() {
+    local folder lock
+    for folder in "$session_cache"/session-*/; do
+        [[ -d $folder ]] || continue
+        exec {lock}<"$folder"
+        if flock -n "$lock"; then
+            WINEPREFIX=${folder}prefix timeout 30 wineserver -k || true
+            rm -rf "$folder"
+        fi
+        exec {lock}<&-
+    done
 }
 
 session_start_display() {
-    local number_file=$session_cache/display-$$ number=
+    local number_file=$session_folder/display number=
     : >"$number_file"
     # -displayfd picks a free number; -noreset keeps the desktop when its last program ends; setpriv ends
-    # it even when this script is killed.
+    # it even when this script is killed. The folder's lock is the desktop's from now on, and ends with it.
     setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -noreset -nolisten tcp \
         3>"$number_file" </dev/null >"$session_cache/xvfb.log" 2>&1 &
     session_display_pid=$!
+    exec {session_lock}<&-
     for _ in {1..150}; do
         number=$(<"$number_file")
         [[ -z $number ]] || break
         kill -0 "$session_display_pid" 2>/dev/null || break
         sleep 0.1
     done
-    rm -f "$number_file"
     [[ -n $number ]] || fail "The virtual desktop (Xvfb) did not start." "Read $session_cache/xvfb.log"
     export DISPLAY=:$number
 }
@@ -88,13 +110,16 @@ session_scale_display() {
     timeout 30 wineserver -w || true
 }
 
-# A prefix takes ten seconds to make and one to copy: each version of Wine gets a template.
+# A prefix takes ten seconds to make and one to copy: each version of Wine gets a template, and another one when
+# this script makes it otherwise.
 session_copy_template() {
-    local template
-    template=$session_cache/template-$(wine --version | tr -dc 'a-zA-Z0-9.-')
+    local templates template recipe
+    templates=$session_cache/template-$(wine --version | tr -dc 'a-zA-Z0-9.-')
+    recipe=$(declare -f session_make_template | cksum)
+    template=$templates-${recipe%% *}
     (
         flock 9
-        [[ -e $template ]] || session_make_template "$template"
+        [[ -e $template ]] || { rm -rf "$templates"* && session_make_template "$template"; }
     ) 9>"$session_cache/lock"
     mkdir -p "$(dirname "$1")"
     cp -a --reflink=auto "$template" "$1"
@@ -103,9 +128,12 @@ session_copy_template() {
 session_make_template() {
     say "Preparing Wine (once, 10 to 60 s)"
     local unfinished=$1.unfinished link
-    rm -rf "$unfinished"
     WINEPREFIX=$unfinished timeout 300 wine wineboot -i </dev/null >"$session_cache/wineboot.log" 2>&1 ||
         fail "Wine could not make its prefix." "Read $session_cache/wineboot.log"
+    # Whoever queries performance data is given that of the printing system, which leaves handles and, with Wine 10,
+    # memory behind.
+    WINEPREFIX=$unfinished timeout 60 wine reg delete 'HKLM\System\CurrentControlSet\Services\Spooler\Performance' /f \
+        </dev/null >>"$session_cache/wineboot.log" 2>&1 || true
     WINEPREFIX=$unfinished timeout 60 wineserver -w || true
     # Wine links Documents, Desktop and so on to the user's own folders, where no test has any business.
     while IFS= read -r -d '' link; do
@@ -113,17 +141,6 @@ session_make_template() {
         mkdir "$link"
     done < <(find "$unfinished/drive_c/users" -type l -print0)
     mv "$unfinished" "$1"
-}
-
-# What sessions left behind that were killed before they could clean up.
-session_remove_abandoned_prefixes() {
-    local prefix
-    for prefix in "$session_cache"/session-*; do
-        [[ -d $prefix ]] || continue
-        kill -0 "${prefix##*-}" 2>/dev/null && continue
-        WINEPREFIX=$prefix timeout 30 wineserver -k || true
-        rm -rf "$prefix"
-    done
 }
 
 # session_run SECONDS PROGRAM [ARGUMENT...]: runs a Windows program, shows its output as it comes and

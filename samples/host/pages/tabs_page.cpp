@@ -37,7 +37,8 @@ void Build(HWND page) {
     const HWND longTexts = AddTabs(page, TCS_FIXEDWIDTH, {10, 230, 460, 60}, ids::kLongTabs);
     for (const std::size_t length : {1022, 1023, 1024, 5000})
         AddTab(longTexts, std::string(length, 'x'));
-    AddControl(page, {.className = "Static", .area = {10, 300, 460, 18}, .id = ids::kLabel});
+    AddControl(page,
+               {.className = "Static", .style = SS_NOPREFIX, .area = {10, 300, 460, 18}, .id = ids::kLabel});
 }
 
 std::string TabText(HWND tabs, int index) {
