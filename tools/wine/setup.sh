@@ -11,7 +11,7 @@ packages=(
     cmake ninja-build g++ googletest            # building
     g++-mingw-w64-x86-64 mingw-w64-tools        # ... for Windows
     wine wine64 wine64-tools libwine-dev        # running what was built, and Windows' own interfaces
-    fonts-liberation                            # what they write with
+    fonts-liberation fonts-wine                 # what they write and draw title bars with
     xvfb imagemagick                            # a desktop without a screen, and pictures of it
     python3 python3-pip                         # checking the type library against Microsoft's, clients in Python
     nsis unzip                                  # the installer, and looking into the archive
