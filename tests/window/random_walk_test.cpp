@@ -56,6 +56,16 @@ std::string RandomText(std::mt19937& random) {
     return texts[static_cast<std::size_t>(Below(random, static_cast<int>(texts.size())))];
 }
 
+// Of names, at most `most` of them.
+std::string RandomPath(std::mt19937& random, int most) {
+    std::string path = RandomText(random);
+    for (int deeper = Below(random, most); deeper > 0; --deeper) {
+        path += '|';
+        path += RandomText(random);
+    }
+    return path;
+}
+
 template <class Position, hostlink::WalkStep<Position> step>
 Position WalkInside(const HostWindow& control, std::string_view wanted, Position position) {
     if (wanted.size() > hostlink::kWalkTextSize) {
@@ -155,11 +165,7 @@ private:
 class TreesByNames : public Trees {
     int Walk(const GuiThread& thread, const HostWindow& control, std::mt19937& random,
              bool inside) const override {
-        std::string path = RandomText(random);
-        for (int deeper = Below(random, 4); deeper > 0; --deeper) {
-            path += '|';
-            path += RandomText(random);
-        }
+        const std::string path = RandomPath(random, 4);
         using Position = controls::TreePathPosition;
         return Number(thread, control.window,
                       Take<Position, controls::StepByNames>(inside, control, path).item);
@@ -369,11 +375,7 @@ public:
         }
     }
     int Walk(const GuiThread&, const HostWindow& control, std::mt19937& random, bool inside) const override {
-        std::string path = RandomText(random);
-        for (int deeper = Below(random, 3); deeper > 0; --deeper) {
-            path += '|';
-            path += RandomText(random);
-        }
+        const std::string path = RandomPath(random, 3);
         using Position = ghOptionTree::PathPosition;
         return static_cast<int>(Take<Position, ghOptionTree::StepAlongPath>(inside, control, path).item);
     }

@@ -7,8 +7,8 @@ import sys
 
 import wx
 
-TREE, BOOK, LIST, EDIT, BOX, TRISTATE, BLUE, CHOICE, COMBO, LAYERS, SLIDER, APPLY = range(6001, 6013)
-PROPERTIES, TOP, GRID, FIRST_TOOL = 5001, 5010, 5011, 5100
+from wx_ids import (APPLY, BLUE, BOOK, BOX, CHOICE, COMBO, EDIT, EXTRUDE, FILLET, GRID, LAYERS, LIST, PROPERTIES, SHELL,
+                    SLIDER, SNAP, TOP, TREE, TRISTATE)
 
 
 class Modeller(wx.Frame):
@@ -41,11 +41,10 @@ class Modeller(wx.Frame):
     def make_tools(self):
         bar = self.CreateToolBar(wx.TB_TEXT)
         picture = wx.ArtProvider.GetBitmap(wx.ART_NEW, wx.ART_TOOLBAR, (16, 16))
-        for number, name in enumerate(("Extrude", "Fillet", "Shell", "Snap")):
-            kind = wx.ITEM_CHECK if name == "Snap" else wx.ITEM_NORMAL
-            bar.AddTool(FIRST_TOOL + number, name, picture, kind=kind)
-            self.Bind(wx.EVT_TOOL, lambda event, name=name: self.tell("tool", name), id=FIRST_TOOL + number)
-        bar.EnableTool(FIRST_TOOL + 2, False)
+        for tool, name in ((EXTRUDE, "Extrude"), (FILLET, "Fillet"), (SHELL, "Shell"), (SNAP, "Snap")):
+            bar.AddTool(tool, name, picture, kind=wx.ITEM_CHECK if tool == SNAP else wx.ITEM_NORMAL)
+            self.Bind(wx.EVT_TOOL, lambda event, name=name: self.tell("tool", name), id=tool)
+        bar.EnableTool(SHELL, False)
         bar.Realize()
 
     def make_tree(self, parent):

@@ -1,0 +1,5 @@
+"""The numbers of wx_program.py's controls and commands."""
+
+TREE, BOOK, LIST, EDIT, BOX, TRISTATE, BLUE, CHOICE, COMBO, LAYERS, SLIDER, APPLY = range(6001, 6013)
+PROPERTIES, TOP, GRID = 5001, 5010, 5011
+EXTRUDE, FILLET, SHELL, SNAP = range(5100, 5104)
